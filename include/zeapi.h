@@ -1,0 +1,354 @@
+/**
+ * @file zeapi.h
+ * @brief Printer utility library ZEAPI1TD: the one public header, for C and C++.
+ *
+ * The library downloads fonts, macros, demos, files and strings to laser printers, reads the files
+ * that describe them and reports about them. Interface version 9.30.
+ *
+ * Conventions, once for every call:
+ *
+ * - **Calling.** Exports have plain names and the Windows standard calling convention
+ * (`ZEAPI_CALL`; empty on other hosts). 8-bit and 16-bit arguments are passed widened to 32 bits;
+ * only the low bits count. No exception leaves a call.
+ * - **Results.** Unless said otherwise a call returns one of the `ZE_...` codes, 0 for success.
+ *   Arguments are checked first and in the order of the text; the first fault returns
+ *   ZE_INVALID_ARGUMENT and nothing has been opened, sent or changed.
+ * - **Strings** are zero-terminated 8-bit strings. A file or printer name has at most
+ *   ZE_MAX_NAME characters.
+ * - **Paths** are Windows paths on every host: `\` and `/` separate, case is ignored, `X:` is a
+ *   drive. On other hosts `x:\` stands for the folder `$ZEAPI_DRIVES/x/`; without that variable
+ *   no drive exists.
+ * - **Records** are packed to one byte. Offsets are given for 4-byte pointers.
+ * - **Memory** that a call hands out belongs to the caller, who gives it back with the release call
+ *   named there. The library keeps no pointer to caller memory after a call has returned.
+ * - **Threads.** The library takes no locks and shares some state between calls; a process makes
+ * one call at a time.
+ * - **Jobs.** A call with a `printerName` and a ZeDestination sends one complete job. A non-zero
+ *   `bidiHandle` sends it through `VELBCE.DLL`; otherwise the system's print spooler is asked for a
+ *   printer of that name, and where it has none the name is opened as a file that receives the
+ * job's exact bytes.
+ * - **Log.** Each step of a job is appended to `c:\zeapiw32.log`. When that file cannot be written
+ *   the lines are dropped and nothing else changes.
+ */
+#ifndef ZEAPI_H_
+#define ZEAPI_H_
+
+#include <stddef.h>
+#include <stdint.h>
+
+#if defined(_WIN32)
+#define ZEAPI_CALL __stdcall
+#define ZEAPI_EXPORT /* the module definition file names the exports */
+#else
+#define ZEAPI_CALL
+#define ZEAPI_EXPORT __attribute__((visibility("default")))
+#endif
+
+#if defined(__cplusplus)
+#define ZEAPI_NOEXCEPT noexcept
+#define ZEAPI_STATIC_ASSERT(condition, text) static_assert(condition, text)
+#elif defined(__STDC_VERSION__) && __STDC_VERSION__ >= 201112L
+#define ZEAPI_NOEXCEPT
+#define ZEAPI_STATIC_ASSERT(condition, text) _Static_assert(condition, text)
+#else
+#define ZEAPI_NOEXCEPT
+#define ZEAPI_STATIC_ASSERT(condition, text) extern int zeapi_no_static_assert
+#endif
+
+/** Holds the stated offset in the 32-bit product; wider pointers shift what follows them. */
+#define ZEAPI_ASSERT_OFFSET(record, field, offset)                               \
+  ZEAPI_STATIC_ASSERT(sizeof(void*) != 4 || offsetof(record, field) == (offset), \
+                      #record "." #field " moved")
+#define ZEAPI_ASSERT_SIZE(record, size) \
+  ZEAPI_STATIC_ASSERT(sizeof(void*) != 4 || sizeof(record) == (size), #record " changed size")
+
+#if defined(__cplusplus)
+extern "C" {
+#endif
+
+/** Longest file or printer name, in characters without the terminator. */
+#define ZE_MAX_NAME 260
+
+/** Interface version that ZeGenQueryApiInfo() reports: 9.30. */
+#define ZE_API_VERSION 930
+
+/** Result codes. One code space serves all calls; each call names the ones it gives. */
+enum ZeResult {
+  ZE_OK = 0,                    /**< Success. */
+  ZE_INVALID_ARGUMENT = 1,      /**< Null pointer, name too long, or a value out of its range. */
+  ZE_FILE_NOT_FOUND = 2,        /**< The named input file does not exist. */
+  ZE_OPEN_FAILED = 3,           /**< A file, or the printer by every way there is, did not open. */
+  ZE_CLOSE_FAILED = 4,          /**< Closing a file failed. */
+  ZE_ACCESS_DENIED = 5,         /**< The system refused access to a file. */
+  ZE_READ_FAILED = 6,           /**< Reading the input file failed. */
+  ZE_WRITE_FAILED = 7,          /**< A file took fewer bytes than were written. */
+  ZE_OUT_OF_MEMORY = 11,        /**< Memory could not be had. */
+  ZE_PRINTER_WRITE_FAILED = 14, /**< The spooler or the bidirectional DLL refused data. */
+  ZE_NOT_DOS_DISK = 16,         /**< The disk's format is not known to the system. */
+  ZE_DISK_FULL = 20,            /**< No room is left on the disk. */
+  ZE_UNUSABLE = 26,             /**< The bidirectional DLL, a path or a work file cannot be used. */
+  ZE_BAD_FORMAT = 27,           /**< Not a file or name that this operation can work on. */
+  ZE_DRIVE_LOCKED = 28,         /**< The drive is locked or lacks a needed ability. */
+  ZE_SHARING_VIOLATION = 31,    /**< Somebody else has the file open. */
+  ZE_UNSUPPORTED = 32,          /**< Not supported; a remark, not a failure, from font queries. */
+  ZE_COPY_FAILED = 36,          /**< Copying failed for a reason without a code of its own. */
+  ZE_NO_BACKUP_NAME = 37        /**< All 998 backup names are taken. */
+};
+
+/** Bits of ZeDestination::flags. Other bits are not read. */
+enum ZeDestinationFlags {
+  ZE_FLAG_PJL = 0x08,      /**< The printer understands Printer Job Language. */
+  ZE_FLAG_BRACKET_K = 0x10 /**< The printer takes the bracket-K escape commands ("ESC [ K"). */
+};
+
+/** Printer languages, ZeDestination::language. */
+enum ZeLanguage {
+  ZE_LANGUAGE_NONE = 0,
+  ZE_LANGUAGE_DEFAULT = 1,
+  ZE_LANGUAGE_PPDS = 2,
+  ZE_LANGUAGE_POSTSCRIPT = 3,
+  ZE_LANGUAGE_GL = 4,
+  ZE_LANGUAGE_PCL = 5,
+  ZE_LANGUAGE_PCLXL = 6
+};
+
+/** Where a printer stores resources: `device` and `target` arguments. */
+enum ZeDevice {
+  ZE_DEVICE_RAM = 1,
+  ZE_DEVICE_FLASH1 = 2,
+  ZE_DEVICE_FLASH2 = 3,
+  ZE_DEVICE_DISK1 = 4,
+  ZE_DEVICE_DISK2 = 5
+};
+
+/** Requests of ZeGenResource(). */
+enum ZeResourceRequest {
+  ZE_RESOURCE_TARGET_RAM = 1,     /**< Downloads go to working memory from now on. */
+  ZE_RESOURCE_TARGET_DEVICE = 2,  /**< Downloads go to the given device from now on. */
+  ZE_RESOURCE_FORMAT_DEVICE = 3,  /**< Formats the given device: everything on it is lost. */
+  ZE_RESOURCE_PRINT_DIRECTORY = 4 /**< Prints the list of stored resources. */
+};
+
+#pragma pack(push, 1)
+
+/**
+ * Where and how a job goes; 48 bytes. The caller fills it, the library only reads it.
+ * Fields named `reserved` are not read and may carry anything.
+ */
+typedef struct ZeDestination {
+  uint32_t flags;           /**< 0: ZE_FLAG_... bits. */
+  uint32_t deviceClass;     /**< 4: 2 asks for the initial-conditions sequence before the command
+                                 that makes a device the download target. */
+  int32_t language;         /**< 8: ZE_LANGUAGE_... of the job. */
+  uint32_t fontQueryOption; /**< 12: query option used by font download. */
+  uint32_t reserved16;      /**< 16 */
+  uint16_t copies;          /**< 20: copies of data jobs; 0 means one. */
+  uint16_t resourceId;      /**< 22: PCL font ID, or macro ID below 32768. */
+  uint16_t ppdsFontCode;    /**< 24: first parameter of a PPDS font download. */
+  uint16_t ppdsFontSlot;    /**< 26: second parameter of a PPDS font download. */
+  uint8_t reserved28[11];   /**< 28 */
+  uint16_t bidiPort;        /**< 39: port word for `VELBCE.DLL`. */
+  uint16_t bidiHandle;      /**< 41: handle word for `VELBCE.DLL`; non-zero selects it. */
+  const char* jobName;      /**< 43: document name and PJL ready message (its first 20 characters);
+                                 null: "Vantrel Job" for the spooler, no ready message. */
+  uint8_t channel;          /**< 47: when non-zero, the channel character of the bracket-K language
+                                 selection; it stays in force for later jobs in that language. */
+} ZeDestination;
+ZEAPI_ASSERT_OFFSET(ZeDestination, flags, 0);
+ZEAPI_ASSERT_OFFSET(ZeDestination, deviceClass, 4);
+ZEAPI_ASSERT_OFFSET(ZeDestination, language, 8);
+ZEAPI_ASSERT_OFFSET(ZeDestination, fontQueryOption, 12);
+ZEAPI_ASSERT_OFFSET(ZeDestination, reserved16, 16);
+ZEAPI_ASSERT_OFFSET(ZeDestination, copies, 20);
+ZEAPI_ASSERT_OFFSET(ZeDestination, resourceId, 22);
+ZEAPI_ASSERT_OFFSET(ZeDestination, ppdsFontCode, 24);
+ZEAPI_ASSERT_OFFSET(ZeDestination, ppdsFontSlot, 26);
+ZEAPI_ASSERT_OFFSET(ZeDestination, reserved28, 28);
+ZEAPI_ASSERT_OFFSET(ZeDestination, bidiPort, 39);
+ZEAPI_ASSERT_OFFSET(ZeDestination, bidiHandle, 41);
+ZEAPI_ASSERT_OFFSET(ZeDestination, jobName, 43);
+ZEAPI_ASSERT_OFFSET(ZeDestination, channel, 47);
+ZEAPI_ASSERT_SIZE(ZeDestination, 48);
+
+/**
+ * What ZeGenQueryApiInfo() answers: 64 words, 128 bytes. Word 0 is ZE_API_VERSION, word 1 the word
+ * size of the library in bits (32, a constant of the interface on every host), words 2 and 3 are 2,
+ * words 11, 12, 16, 17, 20, 23, 26 and 28 are 1, all others 0.
+ */
+typedef struct ZeApiInfo {
+  uint16_t words[64]; /**< 0 */
+} ZeApiInfo;
+ZEAPI_STATIC_ASSERT(sizeof(ZeApiInfo) == 128, "ZeApiInfo changed size");
+
+#pragma pack(pop)
+
+/**
+ * Called by ZeFilModify() for each line.
+ * @param line   the line with its newline, in a buffer of 2048 bytes: it may be rewritten in place
+ * or emptied. The buffer is valid during the call only.
+ * @param value  the caller's own value.
+ * @return ignored.
+ */
+typedef uint32_t(ZEAPI_CALL* ZeModifyCallback)(char* line, uint32_t value);
+
+/** @name General */
+/** @{ */
+
+/** Fills the 128-byte capability record (ZeApiInfo). A null pointer is ignored. */
+ZEAPI_EXPORT void ZEAPI_CALL ZeGenQueryApiInfo(void* info) ZEAPI_NOEXCEPT;
+
+/** Releases a block that a call of this library handed out as plain memory. Null is ignored. */
+ZEAPI_EXPORT void ZEAPI_CALL ZeMemFree(void* block) ZEAPI_NOEXCEPT;
+
+/**
+ * Checks its arguments and nothing else: adapters are not enumerated and `buffer` is not written.
+ * @param size  size of `buffer` in bytes, at least 1024; the low 16 bits count.
+ * @return ZE_OK; ZE_INVALID_ARGUMENT for a null or smaller buffer.
+ */
+ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeGenQueryAdapters(uint32_t a, uint32_t b, void* buffer,
+                                                    uint32_t size) ZEAPI_NOEXCEPT;
+
+/** Like ZeGenQueryAdapters(), for queues. */
+ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeGenQueryQueues(uint32_t a, uint32_t b, void* buffer,
+                                                  uint32_t size) ZEAPI_NOEXCEPT;
+
+/**
+ * Asks `VELBCE.DLL` how a printer is connected.
+ * @param printer  printer value as that DLL knows it.
+ * @return a type mask, not a result code: 2048, 32, 4 or 2; 0 when the DLL or its entry point is
+ * not there or it names none of these.
+ */
+ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeNetGetType(uint32_t printer) ZEAPI_NOEXCEPT;
+
+/**
+ * Sends one storage request to a printer as a job of its own.
+ * @param request      ZE_RESOURCE_...
+ * @param printerName  printer or path, at most 259 characters (this call alone refuses 260).
+ * @param device       ZE_DEVICE_...; checked for every request, used by requests 2 and 3.
+ * @return ZE_OK, ZE_INVALID_ARGUMENT, ZE_OPEN_FAILED, ZE_WRITE_FAILED, ZE_OUT_OF_MEMORY,
+ *         ZE_PRINTER_WRITE_FAILED or ZE_UNUSABLE.
+ */
+ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeGenResource(int32_t request, const char* printerName,
+                                               const ZeDestination* destination,
+                                               int32_t device) ZEAPI_NOEXCEPT;
+/** @} */
+
+/** @name Data jobs */
+/** @{ */
+
+/**
+ * Sends a file to a printer as a complete job. A bracket-K printer gets its language selection
+ * first, a PJL printer the PJL header with copies; a printer with neither gets the data once per
+ * copy.
+ * @param append  when the job goes to a file: non-zero appends to it, 0 replaces it.
+ * @return ZE_OK; ZE_INVALID_ARGUMENT (also for a language outside 0..6); ZE_FILE_NOT_FOUND;
+ *         ZE_OPEN_FAILED (file or printer); ZE_READ_FAILED; ZE_WRITE_FAILED; ZE_OUT_OF_MEMORY;
+ *         ZE_PRINTER_WRITE_FAILED; ZE_UNUSABLE.
+ */
+ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeDatSendFile(const char* fileName, const char* printerName,
+                                               const ZeDestination* destination,
+                                               uint32_t append) ZEAPI_NOEXCEPT;
+
+/**
+ * Sends a short string to a printer as a complete job. The first character of `text` says what
+ * follows:
+ * - `%`: the name of a file; the call becomes ZeDatSendFile().
+ * - `$`: text in which `\n` is a line feed, `\xHH` the byte HH and `\` before any other character
+ *   that character. A zero byte ends the data; an escape cut off by the end of the text is dropped.
+ * - anything else: the whole text is pairs of hexadecimal digits.
+ *
+ * Copies and the bracket-K bit are not used, and the trailer does not reset the printer.
+ * @return as ZeDatSendFile(); ZE_INVALID_ARGUMENT also for an odd number of digits or a pair that
+ * is not hexadecimal, in which case nothing is sent.
+ */
+ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeDatSendString(const char* text, const char* printerName,
+                                                 const ZeDestination* destination,
+                                                 uint32_t append) ZEAPI_NOEXCEPT;
+/** @} */
+
+/** @name Files */
+/** @{ */
+
+/** @return 1 when the path exists and can be read, else 0. */
+ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeFilExists(const char* path) ZEAPI_NOEXCEPT;
+
+/**
+ * @param path  may hold the wildcards `*` and `?` in its last component.
+ * @return the size in bytes (its low 32 bits) of the first entry that matches; 0 when there is
+ * none.
+ */
+ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeFilQuerySize(const char* path) ZEAPI_NOEXCEPT;
+
+/**
+ * Copies a file over whatever the destination holds.
+ * @return ZE_OK; ZE_INVALID_ARGUMENT; ZE_FILE_NOT_FOUND (file or folder); ZE_ACCESS_DENIED;
+ *         ZE_NOT_DOS_DISK; ZE_DISK_FULL; ZE_BAD_FORMAT (bad name); ZE_DRIVE_LOCKED;
+ *         ZE_SHARING_VIOLATION; ZE_COPY_FAILED for any other reason.
+ */
+ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeFilCopy(const char* source,
+                                           const char* destination) ZEAPI_NOEXCEPT;
+
+/**
+ * Copies a file to the first free name of `base.001` to `base.998` beside it (the number replaces
+ * the extension).
+ * @param backupName  receives the chosen name; room for ZE_MAX_NAME + 1 bytes.
+ * @return ZE_OK; ZE_INVALID_ARGUMENT (null `backupName`); ZE_BAD_FORMAT when the source is not
+ * there or a backup name would be longer than ZE_MAX_NAME; ZE_NO_BACKUP_NAME; or a code of
+ *         ZeFilCopy().
+ */
+ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeFilBackup(const char* source, char* backupName) ZEAPI_NOEXCEPT;
+
+/**
+ * Rewrites a text file line by line through a callback. Lines longer than 2047 characters come in
+ * pieces. An emptied line is dropped. The file is replaced only after every line went well.
+ * @param value  handed to the callback.
+ * @return ZE_OK; ZE_INVALID_ARGUMENT (null callback); ZE_OPEN_FAILED; ZE_CLOSE_FAILED;
+ *         ZE_READ_FAILED; ZE_WRITE_FAILED; ZE_OUT_OF_MEMORY; ZE_UNUSABLE (no temporary file); or a
+ *         code of ZeFilCopy().
+ */
+ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeFilModify(const char* path, uint32_t value,
+                                             ZeModifyCallback callback) ZEAPI_NOEXCEPT;
+
+/**
+ * Creates every missing directory of a path; the last component is a directory too.
+ * @param path     begins with a drive (`c:\a\b`) or a server (`\\server\share\a`) and does not end
+ * in a separator; at most ZE_MAX_NAME characters.
+ * @param created  null, or receives the directories that were made, each after a `\`; room for as
+ *                 many bytes as `path` has.
+ * @return ZE_OK; ZE_UNUSABLE for any other path, for a component that is a regular file and for a
+ *         directory that cannot be made. Directories made before a failure stay.
+ */
+ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeFilMakePath(const char* path, char* created) ZEAPI_NOEXCEPT;
+
+/**
+ * Computes the 16-bit checksum of a file: the sum of its little-endian words, negated. The last
+ * byte of a file of odd length counts as a word whose high byte is that of the word before (0 when
+ * there is none).
+ * @param path    file to open; null or empty: `handle` is used.
+ * @param handle  open file handle (`_lopen`; elsewhere a file descriptor), read from its start. It
+ * is closed when `path` is empty but not null.
+ * @param skip    1-based number of a word to leave out, 0 for none (low 16 bits). In files longer
+ * than 65535 words the skip repeats every 65536 words.
+ * @param result  receives the checksum.
+ * @return ZE_OK; ZE_INVALID_ARGUMENT (no path and no handle, or null `result`); ZE_OPEN_FAILED;
+ *         ZE_CLOSE_FAILED; ZE_READ_FAILED. `result` is left alone by the first two failures.
+ */
+ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeFilChecksum(const char* path, int32_t handle, uint32_t skip,
+                                               uint16_t* result) ZEAPI_NOEXCEPT;
+
+/**
+ * Copies the file name of a path (what follows the last `\`, `/` or `:`) in upper case (a to z).
+ * @param destination  room for the name and its terminator; a null path empties it.
+ * @return `destination`; an empty string when it is null.
+ */
+ZEAPI_EXPORT char* ZEAPI_CALL ZeStrCpyFile(char* destination, const char* path) ZEAPI_NOEXCEPT;
+
+/** Like ZeStrCpyFile(), for what stands before the file name, final separator included. */
+ZEAPI_EXPORT char* ZEAPI_CALL ZeStrCpyPath(char* destination, const char* path) ZEAPI_NOEXCEPT;
+/** @} */
+
+#if defined(__cplusplus)
+}
+#endif
+
+#endif /* ZEAPI_H_ */

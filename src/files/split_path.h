@@ -1,0 +1,24 @@
+// Taking Windows paths apart.
+#pragma once
+
+#include <string_view>
+
+namespace zeapi {
+
+inline bool IsSeparator(char c) {
+  return c == '\\' || c == '/';
+}
+
+// The parts of a path, in order; together they are the path. Views into it.
+struct PathParts {
+  std::string_view drive;      // "c:" or empty
+  std::string_view directory;  // up to and including the last separator
+  std::string_view baseName;   // file name up to its last dot
+  std::string_view extension;  // the rest, with its dot
+};
+PathParts SplitPath(std::string_view path);
+
+// Offset of the file name in a path: what follows the last separator or colon.
+std::size_t FileNameOffset(std::string_view path);
+
+}  // namespace zeapi

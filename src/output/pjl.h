@@ -1,0 +1,45 @@
+// Builders of the job's frame. Each command is one write of the queue. The builders report failure
+// only through the context's `error`; where one stops at a failed write it has closed the queue.
+#pragma once
+
+#include <array>
+
+#include "output/ZeQue.h"
+
+namespace zeapi {
+
+// Writes the formatted text, without its terminator, as one write. Texts are cut at 1023 bytes; no
+// command of the library comes near.
+void WriteCommand(GenQueContext* ctx, const char* format, ...)
+    __attribute__((format(printf, 2, 3)));
+
+// Writes a binary sequence as one write.
+template <std::size_t size>
+void WriteSequence(GenQueContext* ctx, const std::array<std::uint8_t, size>& sequence) {
+  GenQueWrite(sequence.data(), static_cast<std::uint32_t>(size), ctx);
+}
+
+// Whether the destination's printer takes PJL, and whether it takes bracket-K sequences.
+bool TakesPjl(const GenQueContext& ctx);
+bool TakesBracketK(const GenQueContext& ctx);
+
+// Universal exit, ready message with the job's name, switch to the job's language; with copies also
+// the copies command, which follows the switch on purpose.
+void PjlJobHeader(GenQueContext* ctx, bool withCopies);
+
+// Universal exit, empty ready message, optionally a reset, universal exit.
+void PjlJobTrailer(GenQueContext* ctx, bool withReset);
+
+// One storage request, ZE_RESOURCE_..., on the context's `device`. Requests 1 and 2 send the
+// bracket-K form to bracket-K printers only and may send both forms; 3 and 4 send exactly one form
+// to everybody.
+void PjlResourceCommand(int kind, GenQueContext* ctx);
+
+// Language selection of bracket-K printers, and the PCL copies sequence. A non-zero `channel` of
+// the destination stays in force for later jobs in the same language.
+void LanguageSelect(GenQueContext* ctx);
+
+// Undoes every `channel` that has stayed in force. For tests; nothing in the library calls it.
+void ResetLanguageSelectForTesting();
+
+}  // namespace zeapi

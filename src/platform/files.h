@@ -1,0 +1,35 @@
+// What the library needs of the host's file system. Paths are Windows paths on every host.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <cstdio>
+
+namespace zeapi::platform {
+
+// Opens a C stream with a mode of fopen. Text modes follow the host: reading turns CR LF into a
+// line feed everywhere, writing gives CR LF on Windows and a line feed elsewhere. A text stream
+// opened for reading alone can be rewound but not positioned. Null on failure, for a directory, and
+// for an empty mode.
+std::FILE* OpenStream(const char* path, const char* mode);
+
+bool PathExists(const char* path);
+bool PathReadable(const char* path);
+
+enum class PathKind { kMissing, kRegularFile, kOther };
+PathKind QueryPath(const char* path);
+
+// Creates one directory; false when that fails or the directory exists.
+bool MakeDirectory(const char* path);
+
+bool RemoveFile(const char* path);
+
+// Finds an unused name for a temporary file: in the system's folder for such files where it names
+// one, else in `directory`. Stores it in a buffer of `size` bytes.
+bool TemporaryName(const char* directory, const char* prefix, char* name, std::size_t size);
+
+// Copies a file over whatever the destination holds. Returns 0 or a system error in the numbering
+// of Windows.
+std::uint32_t CopyOver(const char* source, const char* destination);
+
+}  // namespace zeapi::platform

@@ -1,0 +1,19 @@
+// Windows paths on a posix host.
+#pragma once
+
+#include <climits>
+
+namespace zeapi::platform {
+
+// A path of the host, kept without the heap: paths are made for every log line.
+struct HostPath {
+  char text[PATH_MAX];
+};
+
+// Turns a Windows path into a path of the host. "\" becomes "/"; "x:" becomes "$ZEAPI_DRIVES/x",
+// and without that variable there is no drive; a component that does not exist as written is looked
+// up without regard to case. A path that does not exist is passed on as written, to be created.
+// False when the path is empty, names a drive that does not exist, or is too long.
+bool ToHostPath(const char* path, HostPath* host);
+
+}  // namespace zeapi::platform

@@ -1,0 +1,64 @@
+#include "platform/files.h"
+
+#include <direct.h>
+#include <io.h>
+#include <sys/stat.h>
+#include <windows.h>
+
+#include <cstdlib>
+#include <cstring>
+
+namespace zeapi::platform {
+namespace {
+
+constexpr int kExists = 0;
+constexpr int kReadable = 4;
+
+}  // namespace
+
+std::FILE* OpenStream(const char* path, const char* mode) {
+  if (path == nullptr || mode[0] == '\0')
+    return nullptr;
+  return std::fopen(path, mode);
+}
+
+bool PathExists(const char* path) {
+  return _access(path, kExists) == 0;
+}
+
+bool PathReadable(const char* path) {
+  return _access(path, kReadable) == 0;
+}
+
+PathKind QueryPath(const char* path) {
+  struct _stat64 status;
+  if (_stat64(path, &status) != 0)
+    return PathKind::kMissing;
+  return (status.st_mode & _S_IFMT) == _S_IFREG ? PathKind::kRegularFile : PathKind::kOther;
+}
+
+bool MakeDirectory(const char* path) {
+  return _mkdir(path) == 0;
+}
+
+bool RemoveFile(const char* path) {
+  return std::remove(path) == 0;
+}
+
+bool TemporaryName(const char* directory, const char* prefix, char* name, std::size_t size) {
+  char* found = _tempnam(directory, prefix);
+  if (found == nullptr)
+    return false;
+  const std::size_t length = std::strlen(found);
+  const bool fits = length < size;
+  if (fits)
+    std::memcpy(name, found, length + 1);
+  std::free(found);
+  return fits;
+}
+
+std::uint32_t CopyOver(const char* source, const char* destination) {
+  return CopyFileA(source, destination, FALSE) ? 0 : GetLastError();
+}
+
+}  // namespace zeapi::platform
