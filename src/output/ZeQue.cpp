@@ -19,16 +19,14 @@ Result GenQueOpen(const char* name, GenQueContext* ctx) {
     result = OpenBidi(ctx);
   } else {
     result = OpenSpooler(name, ctx);
-    if (result != ZE_OK)
-      result = OpenFile(name, ctx);
+    if (result != ZE_OK) result = OpenFile(name, ctx);
   }
   queue_log::Write(queue_log::kOpenLeave);
   return result;
 }
 
 std::uint32_t GenQueWrite(const void* data, std::uint32_t length, GenQueContext* ctx) {
-  if (ctx->backEnd == QueueBackEnd::kClosed)
-    return 0;
+  if (ctx->backEnd == QueueBackEnd::kClosed) return 0;
   queue_log::Write(queue_log::kWriteEnter);
   std::uint32_t written = 0;
   switch (ctx->backEnd) {
@@ -49,8 +47,7 @@ std::uint32_t GenQueWrite(const void* data, std::uint32_t length, GenQueContext*
 }
 
 Result GenQueClose(GenQueContext* ctx) {
-  if (ctx->backEnd == QueueBackEnd::kClosed)
-    return ZE_OK;
+  if (ctx->backEnd == QueueBackEnd::kClosed) return ZE_OK;
   queue_log::Write(queue_log::kCloseEnter);
   Result result = ZE_OK;
   switch (ctx->backEnd) {
@@ -72,8 +69,7 @@ Result GenQueClose(GenQueContext* ctx) {
 }
 
 bool QueueFailed(GenQueContext* ctx) {
-  if (ctx->error == ZE_OK)
-    return false;
+  if (ctx->error == ZE_OK) return false;
   GenQueClose(ctx);
   return true;
 }

@@ -59,8 +59,7 @@ TEST_P(ZeGenQuery, WritesNothing) {
   char buffer[1024];
   std::memset(buffer, 0x5A, sizeof(buffer));
   GetParam()(0, 0, buffer, sizeof(buffer));
-  for (const char byte : buffer)
-    EXPECT_EQ(byte, 0x5A);
+  for (const char byte : buffer) EXPECT_EQ(byte, 0x5A);
 }
 
 INSTANTIATE_TEST_SUITE_P(Both, ZeGenQuery,

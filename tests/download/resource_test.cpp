@@ -16,8 +16,7 @@ TEST_F(ResourceTest, NullArgumentsAreInvalid) {
 }
 
 TEST_F(ResourceTest, RequestAndDeviceOutsideTheirRangesAreInvalid) {
-  for (const std::int32_t request : {0, 5, -1})
-    EXPECT_EQ(Send(request), ZE_INVALID_ARGUMENT);
+  for (const std::int32_t request : {0, 5, -1}) EXPECT_EQ(Send(request), ZE_INVALID_ARGUMENT);
   for (std::int32_t request = 1; request <= 4; ++request) {
     for (const std::int32_t device : {0, 6, -1}) {
       EXPECT_EQ(Send(request, device), ZE_INVALID_ARGUMENT);

@@ -92,8 +92,7 @@ TEST_F(SendFileTest, PrinterOfNeitherSetGetsTheDataOncePerCopy) {
     destination.copies = copies;
     EXPECT_EQ(Send(), ZE_OK);
     std::string expected = "DATA";
-    for (int i = 1; i < copies; ++i)
-      expected += "DATA";
+    for (int i = 1; i < copies; ++i) expected += "DATA";
     EXPECT_BYTES(Job(), expected);
   }
 }
@@ -107,8 +106,7 @@ TEST_F(SendFileTest, EmptyFileIsAJobWithoutData) {
 
 TEST_F(SendFileTest, FileIsSentUnchangedInBlocks) {
   std::string bytes;
-  for (int i = 0; i < 5000; ++i)
-    bytes += static_cast<char>(i * 7);
+  for (int i = 0; i < 5000; ++i) bytes += static_cast<char>(i * 7);
   WriteFile(kInput, bytes);
   UsePrinter();
   EXPECT_EQ(Send(), ZE_OK);
@@ -258,8 +256,7 @@ TEST_F(SendFileTest, RefusedWriteOfABidiJobStopsItAndFreesTheDll) {
     writes = Bidi().writes;
     EXPECT_EQ(result, writes == failing ? ZE_PRINTER_WRITE_FAILED : ZE_OK) << failing;
     EXPECT_EQ(Bidi().loaded, 0);
-    if (result == ZE_OK)
-      break;
+    if (result == ZE_OK) break;
   }
   EXPECT_EQ(writes, 7);  // exit, ready message; data; exit, ready message, reset, exit
 }

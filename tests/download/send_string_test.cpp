@@ -50,8 +50,7 @@ TEST_F(SendStringTest, HexadecimalDigitsOfEitherCaseBecomeBytes) {
 }
 
 TEST_F(SendStringTest, OddNumberOfDigitsIsInvalid) {
-  for (const char* text : {"0", "0a1", "abcde"})
-    EXPECT_EQ(Send(text), ZE_INVALID_ARGUMENT);
+  for (const char* text : {"0", "0a1", "abcde"}) EXPECT_EQ(Send(text), ZE_INVALID_ARGUMENT);
   EXPECT_TRUE(NothingSent());
 }
 

@@ -17,11 +17,9 @@ std::uint16_t TwoBytesAtATime(std::string_view bytes, std::uint16_t skip) {
   std::uint8_t high = 0;
   for (std::size_t i = 0; i < bytes.size(); i += 2) {
     low = static_cast<std::uint8_t>(bytes[i]);
-    if (i + 1 < bytes.size())
-      high = static_cast<std::uint8_t>(bytes[i + 1]);
+    if (i + 1 < bytes.size()) high = static_cast<std::uint8_t>(bytes[i + 1]);
     ++counter;
-    if (skip == 0 || skip != counter)
-      sum = static_cast<std::uint16_t>(sum - (high << 8 | low));
+    if (skip == 0 || skip != counter) sum = static_cast<std::uint16_t>(sum - (high << 8 | low));
   }
   return sum;
 }
@@ -139,7 +137,8 @@ TEST_F(ChecksumTest, PathGoesBeforeTheHandle) {
 }
 
 TEST_F(ChecksumTest, HandleThatCannotBeReadGivesReadFailed) {
-  const platform::FileHandle file = platform::HandleCreate("written");
+  WriteFile("data", "x");
+  const platform::FileHandle file = platform::HandleOpen("data", platform::FileAccess::kWrite);
   std::uint16_t result = kUntouched;
   EXPECT_EQ(ZeFilChecksum(nullptr, file, 0, &result), ZE_READ_FAILED);
   platform::HandleClose(file);

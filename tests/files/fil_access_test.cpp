@@ -57,8 +57,7 @@ TEST_F(FilAccessTest, MissingFileIsMadeByTheEmptyingModesOnly) {
     const bool made = mode == 2 || mode == 5 || mode == 7 || mode == 8 || mode == 10 || mode == 11;
     EXPECT_EQ(access.error, made ? kFilGood : kFilOpenFailed) << mode;
     EXPECT_EQ(std::filesystem::exists("file"), made) << mode;
-    if (made)
-      FilClose(&access);
+    if (made) FilClose(&access);
   }
 }
 

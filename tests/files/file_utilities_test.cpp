@@ -67,8 +67,7 @@ TEST_F(FilesTest, CopyMakesAndOverwrites) {
 
 TEST_F(FilesTest, CopyOfALargeFileIsWhole) {
   std::string bytes;
-  for (int i = 0; i < 300000; ++i)
-    bytes += static_cast<char>(i >> 3);
+  for (int i = 0; i < 300000; ++i) bytes += static_cast<char>(i >> 3);
   WriteFile("source", bytes);
   EXPECT_EQ(ZeFilCopy("source", "copy"), ZE_OK);
   EXPECT_EQ(ReadFile("copy"), bytes);
@@ -113,8 +112,7 @@ TEST_F(FilesTest, SystemErrorsOfACopyHaveTheseCodes) {
   const std::pair<std::uint32_t, Result> codes[] = {
       {2, 2},    {3, 2},    {5, 5},    {26, 16},  {32, 31}, {36, 31}, {87, 1},  {108, 28},
       {282, 28}, {112, 20}, {206, 27}, {267, 27}, {1, 36},  {4, 36},  {80, 36}, {0xFFFFFFFF, 36}};
-  for (const auto& [system, result] : codes)
-    EXPECT_EQ(CopyErrorResult(system), result) << system;
+  for (const auto& [system, result] : codes) EXPECT_EQ(CopyErrorResult(system), result) << system;
 }
 
 // --- ZeFilBackup
@@ -203,8 +201,7 @@ TEST_F(BackupTest, FolderAsSourceGivesTheCopysCodeAndKeepsTheName) {
 // The stem of the name and ".001" must fit the caller's buffer.
 TEST_F(BackupTest, NameThatWouldNotFitIsBadFormat) {
   std::string path = "file";
-  while (path.size() < 258)
-    path.insert(0, ".\\");  // 258 characters
+  while (path.size() < 258) path.insert(0, ".\\");  // 258 characters
   WriteFile("file", "content");
   ASSERT_EQ(ZeFilExists(path.c_str()), 1U);
   EXPECT_EQ(Backup(path.c_str()), ZE_BAD_FORMAT);
@@ -214,8 +211,7 @@ TEST_F(BackupTest, NameThatWouldNotFitIsBadFormat) {
 #ifndef _WIN32  // a path of 260 characters with its backup is past what Windows opens
 TEST_F(BackupTest, LongestNameFits) {
   std::string path = "file";
-  while (path.size() < 256)
-    path.insert(0, ".\\");
+  while (path.size() < 256) path.insert(0, ".\\");
   WriteFile("file", "content");
   EXPECT_EQ(Backup(path.c_str()), ZE_OK);
   EXPECT_EQ(name, path + ".001");
@@ -224,8 +220,7 @@ TEST_F(BackupTest, LongestNameFits) {
 
 TEST_F(BackupTest, SourceNameOver260CharactersIsBadFormat) {
   std::string path = "a.b";
-  while (path.size() < 261)
-    path.insert(0, ".\\");
+  while (path.size() < 261) path.insert(0, ".\\");
   WriteFile("a.b", "content");
   EXPECT_EQ(Backup(path.c_str()), ZE_BAD_FORMAT);
 }

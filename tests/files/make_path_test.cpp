@@ -113,8 +113,7 @@ TEST_F(MakePathTest, EmptyPathIsUnusableAndTheListIsEmptiedFirst) {
 
 TEST_F(MakePathTest, PathOver260CharactersIsUnusable) {
   std::string path = OnDriveC("a");
-  while (path.size() < 261)
-    path += "\\a";
+  while (path.size() < 261) path += "\\a";
   EXPECT_EQ(ZeFilMakePath(path.c_str(), created), ZE_UNUSABLE);
   EXPECT_FALSE(IsFolder("a"));
 }

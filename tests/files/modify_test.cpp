@@ -1,3 +1,4 @@
+#include <cstdlib>
 #include <cstring>
 
 #include "support/bytes.h"
@@ -24,8 +25,7 @@ std::uint32_t ZEAPI_CALL Empty(char* line, std::uint32_t) {
 }
 
 std::uint32_t ZEAPI_CALL DropComments(char* line, std::uint32_t) {
-  if (line[0] == ';')
-    line[0] = '\0';
+  if (line[0] == ';') line[0] = '\0';
   return 0;
 }
 
@@ -46,18 +46,14 @@ class ModifyTest : public ScratchTest {
     lines.clear();
     temporary_ = folder() / "temporary";
     fs::create_directory(temporary_);
-#ifndef _WIN32
-    setenv("TMPDIR", temporary_.c_str(), 1);
-#else
-    _putenv_s("TMP", temporary_.string().c_str());
-#endif
+    const char* before = std::getenv(kVariable);
+    before_ = before == nullptr ? "" : before;
+    SetTemporaryFolder(temporary_.string());
   }
   // Whatever happened, the work file is gone.
   void TearDown() override {
     EXPECT_TRUE(fs::is_empty(temporary_));
-#ifndef _WIN32
-    unsetenv("TMPDIR");
-#endif
+    SetTemporaryFolder(before_);
     ScratchTest::TearDown();
   }
 
@@ -68,7 +64,16 @@ class ModifyTest : public ScratchTest {
   }
 
  private:
+#ifdef _WIN32
+  static constexpr char kVariable[] = "TMP";
+  static void SetTemporaryFolder(const std::string& path) { _putenv_s(kVariable, path.c_str()); }
+#else
+  static constexpr char kVariable[] = "TMPDIR";
+  static void SetTemporaryFolder(const std::string& path) { setenv(kVariable, path.c_str(), 1); }
+#endif
+
   fs::path temporary_;
+  std::string before_;
 };
 
 TEST_F(ModifyTest, CallbackGetsEachLineWithItsNewlineAndTheValue) {

@@ -263,8 +263,7 @@ TEST_F(QueueTest, FailedQueueIsClosedByTheQuestion) {
 
 TEST_F(QueueTest, SecondCloseDoesNothing) {
   for (const bool printer : {false, true}) {
-    if (printer)
-      UsePrinter();
+    if (printer) UsePrinter();
     ASSERT_EQ(GenQueOpen(kOutput, &ctx), ZE_OK);
     EXPECT_EQ(GenQueClose(&ctx), ZE_OK);
     const Lines lines = LogLines();

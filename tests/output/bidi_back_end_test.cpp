@@ -208,8 +208,7 @@ TEST_F(ConnectionTest, FirstBitThatIsSetDecides) {
 }
 
 TEST_F(ConnectionTest, Bit3OfByte93OutranksByte92) {
-  for (unsigned byte92 = 0; byte92 < 256; ++byte92)
-    EXPECT_EQ(Classify(byte92, 0x08), 2048U);
+  for (unsigned byte92 = 0; byte92 < 256; ++byte92) EXPECT_EQ(Classify(byte92, 0x08), 2048U);
 }
 
 TEST_F(ConnectionTest, LoadsAndFreesTheDllForItself) {

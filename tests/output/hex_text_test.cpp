@@ -40,8 +40,7 @@ TEST(HexText, DigitsOfEitherCaseHaveValuesAndNothingElseHas) {
   for (int c = 0; c < 256; ++c) {
     const std::size_t at = digits.find(static_cast<char>(c));
     int expected = -1;
-    if (c != 0 && at != std::string::npos)
-      expected = static_cast<int>(at < 16 ? at : at - 6);
+    if (c != 0 && at != std::string::npos) expected = static_cast<int>(at < 16 ? at : at - 6);
     EXPECT_EQ(HexDigitValue(static_cast<char>(c)), expected) << c;
   }
 }

@@ -205,8 +205,7 @@ TEST_F(PjlTest, OtherDeviceClassesGetNoInitialConditions) {
 }
 
 TEST_F(PjlTest, UnknownResourceCommandsSendNoCommand) {
-  for (const int kind : {0, 5, -1})
-    EXPECT_BYTES(Resource(kind), "");
+  for (const int kind : {0, 5, -1}) EXPECT_BYTES(Resource(kind), "");
   destination.flags = ZE_FLAG_PJL;
   EXPECT_BYTES(Resource(5), kUniversalExit);
 }

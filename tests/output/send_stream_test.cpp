@@ -37,8 +37,7 @@ class SendStreamTest : public JobTest {
   static Calls Writes() {
     Calls writes;
     for (const std::string& call : Spooler().calls) {
-      if (call.starts_with("write"))
-        writes.push_back(call);
+      if (call.starts_with("write")) writes.push_back(call);
     }
     return writes;
   }
@@ -69,8 +68,7 @@ TEST_F(SendStreamTest, HexadecimalGoesInBlocksOf2048Characters) {
   EXPECT_EQ(Send(std::string(2500, '\x5A'), kHexadecimal), ZE_OK);
   EXPECT_EQ(Writes(), (Calls{"write 2048", "write 2048", "write 904"}));
   std::string digits;
-  for (int i = 0; i < 2500; ++i)
-    digits += "5A";
+  for (int i = 0; i < 2500; ++i) digits += "5A";
   EXPECT_BYTES(Spooler().data, digits);
 }
 
@@ -81,8 +79,7 @@ TEST_F(SendStreamTest, HexadecimalIsTwoUppercaseDigitsAByte) {
 
 TEST_F(SendStreamTest, RawBytesAreUnchanged) {
   std::string bytes;
-  for (int i = 0; i < 256; ++i)
-    bytes += static_cast<char>(i);
+  for (int i = 0; i < 256; ++i) bytes += static_cast<char>(i);
   EXPECT_EQ(Send(bytes, kRawBytes), ZE_OK);
   EXPECT_BYTES(Spooler().data, bytes);
 }

@@ -14,8 +14,7 @@ using Word = std::uint32_t;
 
 std::string Numbers(std::initializer_list<Word> numbers) {
   std::string text;
-  for (const Word number : numbers)
-    text += ' ' + std::to_string(number);
+  for (const Word number : numbers) text += ' ' + std::to_string(number);
   return text;
 }
 
@@ -95,8 +94,7 @@ using namespace testing;
 
 Module ModuleLoad(const char* name) {
   Bidi().calls.push_back(std::string("load ") + name);
-  if (!Bidi().present)
-    return nullptr;
+  if (!Bidi().present) return nullptr;
   ++Bidi().loaded;
   return &Bidi();
 }
@@ -108,8 +106,7 @@ EntryPoint ModuleFind(Module, const char* entryPoint) {
       MakeEntry("BceWrite", BceWrite),       MakeEntry("BceGetPrtInfo", BceGetPrtInfo),
   };
   for (const Entry& entry : entries) {
-    if (entry.name == entryPoint && Bidi().missing.count(entryPoint) == 0)
-      return entry.function;
+    if (entry.name == entryPoint && Bidi().missing.count(entryPoint) == 0) return entry.function;
   }
   return nullptr;
 }

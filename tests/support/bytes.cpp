@@ -25,8 +25,7 @@ std::string Printable(std::string_view bytes) {
 
 ::testing::AssertionResult SameBytes(const char* actualText, const char* expectedText,
                                      std::string_view actual, std::string_view expected) {
-  if (actual == expected)
-    return ::testing::AssertionSuccess();
+  if (actual == expected) return ::testing::AssertionSuccess();
   const auto difference =
       std::mismatch(actual.begin(), actual.end(), expected.begin(), expected.end());
   const auto at = static_cast<std::size_t>(difference.first - actual.begin());

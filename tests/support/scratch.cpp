@@ -15,8 +15,7 @@ fs::path MakeFolder() {
   std::random_device random;
   for (;;) {
     const fs::path folder = fs::temp_directory_path() / ("zeapi-test-" + std::to_string(random()));
-    if (fs::create_directory(folder))
-      return folder;
+    if (fs::create_directory(folder)) return folder;
   }
 }
 
@@ -57,8 +56,7 @@ fs::path ScratchTest::LogFile() {
 std::vector<std::string> ScratchTest::LogLines() {
   std::vector<std::string> lines;
   std::ifstream log(LogFile());
-  for (std::string line; std::getline(log, line);)
-    lines.push_back(line);
+  for (std::string line; std::getline(log, line);) lines.push_back(line);
   return lines;
 }
 

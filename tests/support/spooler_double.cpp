@@ -23,8 +23,7 @@ using testing::Spooler;
 
 bool SpoolerOpen(const char* name, SpoolerHandle* printer) {
   Spooler().calls.push_back(std::string("open ") + name);
-  if (Spooler().printer.empty() || Spooler().printer != name)
-    return false;
+  if (Spooler().printer.empty() || Spooler().printer != name) return false;
   *printer = testing::kSpoolerDoubleHandle;
   return true;
 }
@@ -37,8 +36,7 @@ bool SpoolerStartDocument(SpoolerHandle, const char* documentName) {
 std::uint32_t SpoolerWrite(SpoolerHandle, const void* data, std::uint32_t length) {
   Spooler().calls.push_back("write " + std::to_string(length));
   ++Spooler().writes;
-  if (Spooler().writes == Spooler().failingWrite)
-    return length - Spooler().shortBy;
+  if (Spooler().writes == Spooler().failingWrite) return length - Spooler().shortBy;
   Spooler().data.append(static_cast<const char*>(data), length);
   return length;
 }

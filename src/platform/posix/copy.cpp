@@ -69,8 +69,7 @@ class Descriptor {
 bool WriteAll(int descriptor, const char* data, std::size_t count) {
   while (count > 0) {
     const ssize_t written = write(descriptor, data, count);
-    if (written < 0)
-      return false;
+    if (written < 0) return false;
     data += written;
     count -= static_cast<std::size_t>(written);
   }
@@ -82,10 +81,8 @@ bool CopyBytes(int source, int destination) {
   char block[kBlock];
   for (;;) {
     const ssize_t count = read(source, block, kBlock);
-    if (count == 0)
-      return true;
-    if (count < 0 || !WriteAll(destination, block, static_cast<std::size_t>(count)))
-      return false;
+    if (count == 0) return true;
+    if (count < 0 || !WriteAll(destination, block, static_cast<std::size_t>(count))) return false;
   }
 }
 
@@ -100,30 +97,24 @@ void KeepTime(int descriptor, const struct stat& source) {
 std::uint32_t CopyOver(const char* source, const char* destination) {
   HostPath from;
   HostPath to;
-  if (!ToHostPath(source, &from) || !ToHostPath(destination, &to))
-    return kErrorPathNotFound;
+  if (!ToHostPath(source, &from) || !ToHostPath(destination, &to)) return kErrorPathNotFound;
   Descriptor input(open(from.text, O_RDONLY | O_CLOEXEC));
   struct stat status;
-  if (input.number() < 0 || fstat(input.number(), &status) != 0)
-    return SystemError(errno);
-  if (S_ISDIR(status.st_mode))
-    return kErrorAccessDenied;
+  if (input.number() < 0 || fstat(input.number(), &status) != 0) return SystemError(errno);
+  if (S_ISDIR(status.st_mode)) return kErrorAccessDenied;
   struct stat target;
   const bool existed = stat(to.text, &target) == 0;
   if (existed && target.st_dev == status.st_dev && target.st_ino == status.st_ino) {
     return kErrorSharingViolation;
   }
   Descriptor output(open(to.text, O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, status.st_mode & 0777));
-  if (output.number() < 0)
-    return SystemError(errno);
+  if (output.number() < 0) return SystemError(errno);
   if (CopyBytes(input.number(), output.number())) {
     KeepTime(output.number(), status);
-    if (output.Close())
-      return 0;
+    if (output.Close()) return 0;
   }
   const std::uint32_t error = SystemError(errno);
-  if (!existed)
-    unlink(to.text);
+  if (!existed) unlink(to.text);
   return error;
 }
 

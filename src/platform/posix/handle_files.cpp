@@ -18,8 +18,7 @@ static_assert(static_cast<int>(SeekOrigin::kEnd) == SEEK_END);
 
 FileHandle OpenFile(const char* path, int flags) {
   HostPath host;
-  if (!ToHostPath(path, &host))
-    return kNoFileHandle;
+  if (!ToHostPath(path, &host)) return kNoFileHandle;
   const int file = open(host.text, flags | O_CLOEXEC, 0666);
   struct stat status;
   if (file >= 0 && fstat(file, &status) == 0 && S_ISDIR(status.st_mode)) {

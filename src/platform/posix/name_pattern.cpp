@@ -9,10 +9,8 @@ namespace {
 
 // True when what is left of a pattern matches the end of a name.
 bool MatchesEnd(const char* pattern) {
-  if (*pattern == '.' && (pattern[1] == '\0' || pattern[1] == '*' || pattern[1] == '?'))
-    ++pattern;
-  while (*pattern == '*' || *pattern == '?')
-    ++pattern;
+  if (*pattern == '.' && (pattern[1] == '\0' || pattern[1] == '*' || pattern[1] == '?')) ++pattern;
+  while (*pattern == '*' || *pattern == '?') ++pattern;
   return *pattern == '\0';
 }
 

@@ -17,8 +17,7 @@ constexpr int kReadable = 4;
 }  // namespace
 
 std::FILE* OpenStream(const char* path, const char* mode) {
-  if (path == nullptr || mode[0] == '\0')
-    return nullptr;
+  if (path == nullptr || mode[0] == '\0') return nullptr;
   return std::fopen(path, mode);
 }
 
@@ -32,8 +31,7 @@ bool PathReadable(const char* path) {
 
 PathKind QueryPath(const char* path) {
   struct _stat64 status;
-  if (_stat64(path, &status) != 0)
-    return PathKind::kMissing;
+  if (_stat64(path, &status) != 0) return PathKind::kMissing;
   return (status.st_mode & _S_IFMT) == _S_IFREG ? PathKind::kRegularFile : PathKind::kOther;
 }
 
@@ -47,12 +45,10 @@ bool RemoveFile(const char* path) {
 
 bool TemporaryName(const char* directory, const char* prefix, char* name, std::size_t size) {
   char* found = _tempnam(directory, prefix);
-  if (found == nullptr)
-    return false;
+  if (found == nullptr) return false;
   const std::size_t length = std::strlen(found);
   const bool fits = length < size;
-  if (fits)
-    std::memcpy(name, found, length + 1);
+  if (fits) std::memcpy(name, found, length + 1);
   std::free(found);
   return fits;
 }

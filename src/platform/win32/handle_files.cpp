@@ -32,8 +32,7 @@ std::int64_t HandleSeek(FileHandle file, std::int64_t offset, SeekOrigin origin)
   LARGE_INTEGER distance;
   LARGE_INTEGER position;
   distance.QuadPart = offset;
-  if (!SetFilePointerEx(ToHandle(file), distance, &position, static_cast<DWORD>(origin)))
-    return -1;
+  if (!SetFilePointerEx(ToHandle(file), distance, &position, static_cast<DWORD>(origin))) return -1;
   return position.QuadPart;
 }
 

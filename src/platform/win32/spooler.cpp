@@ -14,8 +14,7 @@ HANDLE ToHandle(SpoolerHandle printer) {
 
 bool SpoolerOpen(const char* name, SpoolerHandle* printer) {
   HANDLE handle = nullptr;
-  if (!OpenPrinterA(const_cast<char*>(name), &handle, nullptr))
-    return false;
+  if (!OpenPrinterA(const_cast<char*>(name), &handle, nullptr)) return false;
   *printer = reinterpret_cast<SpoolerHandle>(handle);
   return true;
 }
