@@ -14,9 +14,7 @@ bool LanguageInRange(const ZeDestination& destination) {
   return destination.language >= ZE_LANGUAGE_NONE && destination.language <= ZE_LANGUAGE_PCLXL;
 }
 
-FileMode ModeFor(uint32_t append) {
-  return append != 0 ? kAppendFile : kReplaceFile;
-}
+FileMode ModeFor(uint32_t append) { return append != 0 ? kAppendFile : kReplaceFile; }
 
 }  // namespace
 }  // namespace zeapi

@@ -47,9 +47,7 @@ void ZEAPI_CALL ZeGenQueryApiInfo(void* info) noexcept {
   for (const ApiWord& word : kApiWords) record->words[word.index] = word.value;
 }
 
-void ZEAPI_CALL ZeMemFree(void* block) noexcept {
-  std::free(block);
-}
+void ZEAPI_CALL ZeMemFree(void* block) noexcept { std::free(block); }
 
 uint32_t ZEAPI_CALL ZeGenQueryAdapters(uint32_t, uint32_t, void* buffer, uint32_t size) noexcept {
   return CheckQueryBuffer(buffer, size);

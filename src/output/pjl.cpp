@@ -49,9 +49,7 @@ void WriteCommand(GenQueContext* ctx, const char* format, ...) {
   GenQueWrite(text, length < sizeof(text) ? length : sizeof(text) - 1, ctx);
 }
 
-bool TakesPjl(const GenQueContext& ctx) {
-  return (ctx.destination->flags & ZE_FLAG_PJL) != 0;
-}
+bool TakesPjl(const GenQueContext& ctx) { return (ctx.destination->flags & ZE_FLAG_PJL) != 0; }
 
 bool TakesBracketK(const GenQueContext& ctx) {
   return (ctx.destination->flags & ZE_FLAG_BRACKET_K) != 0;
@@ -137,8 +135,6 @@ void LanguageSelect(GenQueContext* ctx) {
   if (language == ZE_LANGUAGE_PCL || language == ZE_LANGUAGE_PCLXL) WritePclCopies(ctx);
 }
 
-void ResetLanguageSelectForTesting() {
-  selectLanguage = pjl::kSelectLanguage;
-}
+void ResetLanguageSelectForTesting() { selectLanguage = pjl::kSelectLanguage; }
 
 }  // namespace zeapi

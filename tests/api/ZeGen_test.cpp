@@ -24,17 +24,11 @@ TEST(ZeGenQueryApiInfo, SetsEveryWordOfTheRecordAndNothingAfterIt) {
   EXPECT_EQ(record[129], 0xFF);
 }
 
-TEST(ZeGenQueryApiInfo, IgnoresANullPointer) {
-  ZeGenQueryApiInfo(nullptr);
-}
+TEST(ZeGenQueryApiInfo, IgnoresANullPointer) { ZeGenQueryApiInfo(nullptr); }
 
-TEST(ZeMemFree, IgnoresANullPointer) {
-  ZeMemFree(nullptr);
-}
+TEST(ZeMemFree, IgnoresANullPointer) { ZeMemFree(nullptr); }
 
-TEST(ZeMemFree, ReleasesABlockOfTheCHeap) {
-  ZeMemFree(std::malloc(16));
-}
+TEST(ZeMemFree, ReleasesABlockOfTheCHeap) { ZeMemFree(std::malloc(16)); }
 
 using Query = uint32_t(ZEAPI_CALL*)(uint32_t, uint32_t, void*, uint32_t) noexcept;
 

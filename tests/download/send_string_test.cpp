@@ -62,9 +62,7 @@ TEST_F(SendStringTest, PairThatIsNotHexadecimalSendsNothing) {
   EXPECT_TRUE(LogLines().empty());
 }
 
-TEST_F(SendStringTest, EmptyTextIsAJobWithoutData) {
-  EXPECT_BYTES(Sent(""), "");
-}
+TEST_F(SendStringTest, EmptyTextIsAJobWithoutData) { EXPECT_BYTES(Sent(""), ""); }
 
 // --- Escapes
 
@@ -79,18 +77,14 @@ TEST_F(SendStringTest, BackslashBeforeAnotherCharacterGivesThatCharacter) {
   EXPECT_BYTES(Sent("$\\\\ \\$ \\t \\N \\X41"), "\\ $ t N X41");
 }
 
-TEST_F(SendStringTest, TextOfOnlyTheMarkIsAJobWithoutData) {
-  EXPECT_BYTES(Sent("$"), "");
-}
+TEST_F(SendStringTest, TextOfOnlyTheMarkIsAJobWithoutData) { EXPECT_BYTES(Sent("$"), ""); }
 
 TEST_F(SendStringTest, MarkCountsOnlyInFront) {
   EXPECT_BYTES(Sent("$$"), "$");
   EXPECT_BYTES(Sent("$%name"), "%name");
 }
 
-TEST_F(SendStringTest, EscapedZeroByteEndsTheData) {
-  EXPECT_BYTES(Sent("$AB\\x00CD"), "AB");
-}
+TEST_F(SendStringTest, EscapedZeroByteEndsTheData) { EXPECT_BYTES(Sent("$AB\\x00CD"), "AB"); }
 
 TEST_F(SendStringTest, EscapeCutOffByTheEndIsDropped) {
   EXPECT_BYTES(Sent("$AB\\"), "AB");

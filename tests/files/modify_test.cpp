@@ -69,7 +69,9 @@ class ModifyTest : public ScratchTest {
   static void SetTemporaryFolder(const std::string& path) { _putenv_s(kVariable, path.c_str()); }
 #else
   static constexpr char kVariable[] = "TMPDIR";
-  static void SetTemporaryFolder(const std::string& path) { setenv(kVariable, path.c_str(), 1); }
+  static void SetTemporaryFolder(const std::string& path) {
+    path.empty() ? unsetenv(kVariable) : setenv(kVariable, path.c_str(), 1);
+  }
 #endif
 
   fs::path temporary_;

@@ -44,9 +44,7 @@ TEST_F(QueueTest, FolderGivesOpenFailed) {
   EXPECT_EQ(GenQueOpen("folder", &ctx), ZE_OPEN_FAILED);
 }
 
-TEST_F(QueueTest, EmptyNameGivesOpenFailed) {
-  EXPECT_EQ(GenQueOpen("", &ctx), ZE_OPEN_FAILED);
-}
+TEST_F(QueueTest, EmptyNameGivesOpenFailed) { EXPECT_EQ(GenQueOpen("", &ctx), ZE_OPEN_FAILED); }
 
 TEST_F(QueueTest, PrinterOfThatNameIsUsedBeforeAnyFile) {
   UsePrinter();

@@ -82,9 +82,7 @@ BidiDouble& Bidi() {
   return bidi;
 }
 
-void ResetBidi() {
-  Bidi() = BidiDouble{};
-}
+void ResetBidi() { Bidi() = BidiDouble{}; }
 
 }  // namespace zeapi::testing
 

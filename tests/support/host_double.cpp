@@ -12,9 +12,7 @@ HostDouble& Host() {
   return host;
 }
 
-void ResetHost() {
-  Host() = HostDouble{};
-}
+void ResetHost() { Host() = HostDouble{}; }
 
 }  // namespace zeapi::testing
 
@@ -33,12 +31,8 @@ bool HostComputerName(char* name, std::size_t size) {
   return Tell(testing::Host().computer, name, size);
 }
 
-bool HostUserName(char* name, std::size_t size) {
-  return Tell(testing::Host().user, name, size);
-}
+bool HostUserName(char* name, std::size_t size) { return Tell(testing::Host().user, name, size); }
 
-void ConsoleWrite(std::string_view text) {
-  testing::Host().console += text;
-}
+void ConsoleWrite(std::string_view text) { testing::Host().console += text; }
 
 }  // namespace zeapi::platform

@@ -49,9 +49,7 @@ fs::path ScratchTest::UnderDriveC(std::string_view name) const {
   return DriveC() / driveFolder_ / name;
 }
 
-fs::path ScratchTest::LogFile() {
-  return DriveC() / "zeapiw32.log";
-}
+fs::path ScratchTest::LogFile() { return DriveC() / "zeapiw32.log"; }
 
 std::vector<std::string> ScratchTest::LogLines() {
   std::vector<std::string> lines;

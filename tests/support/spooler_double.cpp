@@ -11,9 +11,7 @@ SpoolerDouble& Spooler() {
   return spooler;
 }
 
-void ResetSpooler() {
-  Spooler() = SpoolerDouble{};
-}
+void ResetSpooler() { Spooler() = SpoolerDouble{}; }
 
 }  // namespace zeapi::testing
 
@@ -41,14 +39,8 @@ std::uint32_t SpoolerWrite(SpoolerHandle, const void* data, std::uint32_t length
   return length;
 }
 
-void SpoolerEndDocument(SpoolerHandle) {
-  Spooler().calls.push_back("end");
-}
-void SpoolerClose(SpoolerHandle) {
-  Spooler().calls.push_back("close");
-}
-std::uint32_t SpoolerLastError() {
-  return Spooler().lastError;
-}
+void SpoolerEndDocument(SpoolerHandle) { Spooler().calls.push_back("end"); }
+void SpoolerClose(SpoolerHandle) { Spooler().calls.push_back("close"); }
+std::uint32_t SpoolerLastError() { return Spooler().lastError; }
 
 }  // namespace zeapi::platform

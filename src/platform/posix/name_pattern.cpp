@@ -16,9 +16,7 @@ bool MatchesEnd(const char* pattern) {
 
 }  // namespace
 
-bool HasWildcard(const char* pattern) {
-  return std::strpbrk(pattern, "*?") != nullptr;
-}
+bool HasWildcard(const char* pattern) { return std::strpbrk(pattern, "*?") != nullptr; }
 
 bool MatchesPattern(const char* name, const char* pattern) {
   const char* star = nullptr;   // the last "*" that was passed

@@ -11,9 +11,7 @@
 namespace zeapi::platform {
 namespace {
 
-bool IsDriveLetter(char c) {
-  return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
-}
+bool IsDriveLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
 
 bool Exists(const char* path) {
   struct stat status;

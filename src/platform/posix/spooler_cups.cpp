@@ -123,8 +123,6 @@ void SpoolerClose(SpoolerHandle handle) {
   OpenPrinters().printers.erase(handle);
 }
 
-std::uint32_t SpoolerLastError() {
-  return static_cast<std::uint32_t>(cupsLastError());
-}
+std::uint32_t SpoolerLastError() { return static_cast<std::uint32_t>(cupsLastError()); }
 
 }  // namespace zeapi::platform

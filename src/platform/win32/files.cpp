@@ -21,13 +21,9 @@ std::FILE* OpenStream(const char* path, const char* mode) {
   return std::fopen(path, mode);
 }
 
-bool PathExists(const char* path) {
-  return _access(path, kExists) == 0;
-}
+bool PathExists(const char* path) { return _access(path, kExists) == 0; }
 
-bool PathReadable(const char* path) {
-  return _access(path, kReadable) == 0;
-}
+bool PathReadable(const char* path) { return _access(path, kReadable) == 0; }
 
 PathKind QueryPath(const char* path) {
   struct _stat64 status;
@@ -35,13 +31,9 @@ PathKind QueryPath(const char* path) {
   return (status.st_mode & _S_IFMT) == _S_IFREG ? PathKind::kRegularFile : PathKind::kOther;
 }
 
-bool MakeDirectory(const char* path) {
-  return _mkdir(path) == 0;
-}
+bool MakeDirectory(const char* path) { return _mkdir(path) == 0; }
 
-bool RemoveFile(const char* path) {
-  return std::remove(path) == 0;
-}
+bool RemoveFile(const char* path) { return std::remove(path) == 0; }
 
 bool TemporaryName(const char* directory, const char* prefix, char* name, std::size_t size) {
   char* found = _tempnam(directory, prefix);
