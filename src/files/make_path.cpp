@@ -50,7 +50,9 @@ Result FilMakePath(const char* path, char* created) {
   const std::size_t prefix = FixedPrefix(full, hasDrive);
   if (prefix == 0) return ZE_UNUSABLE;
 
-  std::string working = full.substr(0, prefix);
+  std::string working;
+  working.reserve(full.size() + 1);  // so that nothing fails for want of memory halfway
+  working.assign(full, 0, prefix);
   std::string_view rest = std::string_view(full).substr(prefix);
   while (!rest.empty()) {
     const std::string_view component = rest.substr(0, rest.find_first_of("\\/"));

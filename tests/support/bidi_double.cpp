@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "platform/module.h"
+#include "support/outside_library.h"
 #include "zeapi.h"
 
 namespace zeapi::testing {
@@ -24,14 +25,17 @@ Word Record(const std::string& name, const std::string& arguments) {
 }
 
 Word ZEAPI_CALL BceOpen(Word port, Word handle, Word zero) {
+  const OutsideLibrary outside;
   return Record("BceOpen", Numbers({port, handle, zero}));
 }
 
 Word ZEAPI_CALL BceClose(Word port, Word handle) {
+  const OutsideLibrary outside;
   return Record("BceClose", Numbers({port, handle}));
 }
 
 Word ZEAPI_CALL BceStartDoc(Word handle, Word zero, const void* info) {
+  const OutsideLibrary outside;
   Word size = 0;
   std::memcpy(&size, info, sizeof(size));
   Bidi().documentInfo.assign(static_cast<const char*>(info), size);
@@ -39,11 +43,13 @@ Word ZEAPI_CALL BceStartDoc(Word handle, Word zero, const void* info) {
 }
 
 Word ZEAPI_CALL BceEndDoc(Word handle, Word zero) {
+  const OutsideLibrary outside;
   return Record("BceEndDoc", Numbers({handle, zero}));
 }
 
 Word ZEAPI_CALL BceWrite(Word port, Word handle, Word zero, const void* data, Word* count,
                          Word one) {
+  const OutsideLibrary outside;
   const Word failed = Record("BceWrite", Numbers({port, handle, zero}) + " (" +
                                              std::to_string(*count) + ")" + Numbers({one}));
   ++Bidi().writes;
@@ -57,6 +63,7 @@ Word ZEAPI_CALL BceWrite(Word port, Word handle, Word zero, const void* data, Wo
 }
 
 Word ZEAPI_CALL BceGetPrtInfo(Word printer, void* info, Word zero) {
+  const OutsideLibrary outside;
   auto* block = static_cast<std::uint8_t*>(info);
   const auto& answer = Bidi().printerInfo;
   Bidi().infoWasZero =
@@ -91,6 +98,7 @@ namespace zeapi::platform {
 using namespace testing;
 
 Module ModuleLoad(const char* name) {
+  const OutsideLibrary outside;
   Bidi().calls.push_back(std::string("load ") + name);
   if (!Bidi().present) return nullptr;
   ++Bidi().loaded;
@@ -98,6 +106,7 @@ Module ModuleLoad(const char* name) {
 }
 
 EntryPoint ModuleFind(Module, const char* entryPoint) {
+  const OutsideLibrary outside;
   const Entry entries[] = {
       MakeEntry("BceOpen", BceOpen),         MakeEntry("BceClose", BceClose),
       MakeEntry("BceStartDoc", BceStartDoc), MakeEntry("BceEndDoc", BceEndDoc),
@@ -110,6 +119,7 @@ EntryPoint ModuleFind(Module, const char* entryPoint) {
 }
 
 void ModuleFree(Module) {
+  const OutsideLibrary outside;
   Bidi().calls.push_back("free");
   --Bidi().loaded;
 }

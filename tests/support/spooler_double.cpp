@@ -3,6 +3,7 @@
 #include <cstring>
 
 #include "platform/spooler.h"
+#include "support/outside_library.h"
 
 namespace zeapi::testing {
 
@@ -17,9 +18,11 @@ void ResetSpooler() { Spooler() = SpoolerDouble{}; }
 
 namespace zeapi::platform {
 
+using testing::OutsideLibrary;
 using testing::Spooler;
 
 bool SpoolerOpen(const char* name, SpoolerHandle* printer) {
+  const OutsideLibrary outside;
   Spooler().calls.push_back(std::string("open ") + name);
   if (Spooler().printer.empty() || Spooler().printer != name) return false;
   *printer = testing::kSpoolerDoubleHandle;
@@ -27,11 +30,13 @@ bool SpoolerOpen(const char* name, SpoolerHandle* printer) {
 }
 
 bool SpoolerStartDocument(SpoolerHandle, const char* documentName) {
+  const OutsideLibrary outside;
   Spooler().calls.push_back(std::string("start ") + documentName);
   return Spooler().startsDocument;
 }
 
 std::uint32_t SpoolerWrite(SpoolerHandle, const void* data, std::uint32_t length) {
+  const OutsideLibrary outside;
   Spooler().calls.push_back("write " + std::to_string(length));
   ++Spooler().writes;
   if (Spooler().writes == Spooler().failingWrite) return length - Spooler().shortBy;
@@ -39,8 +44,14 @@ std::uint32_t SpoolerWrite(SpoolerHandle, const void* data, std::uint32_t length
   return length;
 }
 
-void SpoolerEndDocument(SpoolerHandle) { Spooler().calls.push_back("end"); }
-void SpoolerClose(SpoolerHandle) { Spooler().calls.push_back("close"); }
+void SpoolerEndDocument(SpoolerHandle) {
+  const OutsideLibrary outside;
+  Spooler().calls.push_back("end");
+}
+void SpoolerClose(SpoolerHandle) {
+  const OutsideLibrary outside;
+  Spooler().calls.push_back("close");
+}
 std::uint32_t SpoolerLastError() { return Spooler().lastError; }
 
 }  // namespace zeapi::platform
