@@ -1,5 +1,5 @@
-# What `cmake --install` puts where. The result can be moved: every path in it is relative to the file
-# that holds it.
+# What `cmake --install` puts where; the program is installed by its own folder. The result can be moved:
+# every path in it is relative to the file that holds it.
 set(ZEAPI_PACKAGE_FOLDER ${CMAKE_INSTALL_LIBDIR}/cmake/zeapi)
 
 install(FILES include/zeapi.h TYPE INCLUDE)
@@ -10,13 +10,6 @@ if(WIN32)
 else()
   install(TARGETS zeapi_static EXPORT zeapiTargets)
 endif()
-if(TARGET zeapi)
-  file(RELATIVE_PATH ZEAPI_BIN_TO_LIB
-    ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_LIBDIR})
-  set_target_properties(zeapi PROPERTIES INSTALL_RPATH "$ORIGIN/${ZEAPI_BIN_TO_LIB}")
-  install(TARGETS zeapi)
-endif()
-
 install(EXPORT zeapiTargets NAMESPACE zeapi:: DESTINATION ${ZEAPI_PACKAGE_FOLDER})
 configure_package_config_file(cmake/zeapiConfig.cmake.in zeapiConfig.cmake
   INSTALL_DESTINATION ${ZEAPI_PACKAGE_FOLDER}
