@@ -80,8 +80,8 @@ void AddJob(CLI::App& program, Session& session) {
       ->required()
       ->type_name("FILE");
   command->add_flag("--fold", options->fold,
-                    "Show a command that comes many times in a row, such as the rows of a picture, "
-                    "as one line");
+                    "Show commands that come in a row with their data, such as the rows of a "
+                    "picture, as one line");
   command->callback([options, &session] { ListJob(*options, session); });
 }
 

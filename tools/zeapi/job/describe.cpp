@@ -34,7 +34,9 @@ struct SelectedLanguage {
 constexpr SelectedLanguage kSelectedLanguages[] = {
     {0x00, "default"}, {0x01, "PPDS"}, {0x02, "PCL"}, {0x03, "GL"}, {0x08, "POSTSCRIPT"}};
 
-// `bytes` are the whole block, cut short perhaps.
+constexpr const char* kUnknownBracketK = "bracket-K block";
+
+// `bytes` are the whole block.
 std::string BracketKMeaning(std::span<const std::uint8_t> bytes) {
   constexpr std::size_t kHeader = 5;
   const auto parameters = bytes.subspan(std::min(kHeader, bytes.size()));
@@ -49,7 +51,7 @@ std::string BracketKMeaning(std::span<const std::uint8_t> bytes) {
                Excerpt(parameters.subspan(1, 1), 4);
     }
   }
-  return "bracket-K block";
+  return kUnknownBracketK;
 }
 
 }  // namespace
@@ -115,7 +117,7 @@ std::string Meaning(const JobEvent& event, std::span<const std::uint8_t> bytes) 
     case JobEventKind::kEscape:
       return std::string(EscapeMeaning(event.text));
     case JobEventKind::kBracketK:
-      return BracketKMeaning(bytes);
+      return event.missing == 0 ? BracketKMeaning(bytes) : kUnknownBracketK;
     case JobEventKind::kFormFeed:
       return "end of the page";
     default:

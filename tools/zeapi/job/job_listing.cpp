@@ -7,6 +7,7 @@
 #include "job/describe.h"
 #include "job/excerpt.h"
 #include "job/job_reader.h"
+#include "job/pcl_commands.h"
 
 namespace tool {
 namespace {
@@ -14,7 +15,7 @@ namespace {
 constexpr std::size_t kExcerpt = 40;
 constexpr std::size_t kCommandColumn = 18;
 
-// Fewer repetitions than this stay as they are.
+// A series with fewer commands that announce data stays as it is.
 constexpr std::size_t kFewestFolded = 3;
 
 std::span<const std::uint8_t> BytesOf(const JobEvent& event, std::span<const std::uint8_t> job) {
@@ -73,40 +74,54 @@ void PrintLine(std::ostream& out, std::size_t offset, std::size_t length, const 
   out << columns.data() << text << '\n';
 }
 
-// A command with the payload that it announced, as they repeat in a picture.
-std::size_t UnitLength(const std::vector<JobEvent>& events, std::size_t at) {
-  const bool hasPayload = at + 1 < events.size() && events[at + 1].kind == JobEventKind::kPayload;
-  return hasPayload ? 2 : 1;
-}
-
-struct Repetition {
-  std::size_t count = 0;
-  std::size_t end = 0;      // the event after the last
-  std::size_t payload = 0;  // bytes of data in all
+// Commands of one group in a row with their data, such as the rows of a picture.
+struct Series {
+  std::size_t commands = 0;
+  std::size_t announcements = 0;  // commands that announce data, be it none
+  std::size_t payload = 0;        // bytes of data in all
+  std::size_t end = 0;            // the event after the last
+  std::string meanings;           // each once, in the order in which they come
 };
 
-// How often the command at `at` comes in a row, whatever its values and data.
-Repetition FindRepetition(const std::vector<JobEvent>& events, std::size_t at) {
-  Repetition repetition;
-  std::size_t next = at;
-  while (next < events.size() && events[next].kind == JobEventKind::kPcl &&
-         events[next].text == events[at].text) {
-    const std::size_t length = UnitLength(events, next);
-    if (length == 2)
-      repetition.payload += events[next + 1].length;
-    ++repetition.count;
-    next += length;
-  }
-  repetition.end = next;
-  return repetition;
+std::string_view GroupOf(const JobEvent& event) {
+  return std::string_view(event.text).substr(0, event.text.size() - 1);
 }
 
-std::string RepetitionText(const JobEvent& event, const Repetition& repetition) {
-  JobEvent any = event;
-  any.value.assign(1, '#');
-  const std::string meaning = Meaning(any, {});
-  return Padded(CommandText(any), kCommandColumn) + meaning + (meaning.empty() ? "" : ", ") +
-         std::to_string(repetition.count) + " times with " + Bytes(repetition.payload) + " of data";
+void AddCommand(Series& series, const JobEvent& event) {
+  ++series.commands;
+  const PclCommand* command = FindPclCommand(event.text);
+  if (command == nullptr)
+    return;
+  if (!command->payload.empty())
+    ++series.announcements;
+  if (series.meanings.find(command->meaning) == std::string::npos) {
+    series.meanings += series.meanings.empty() ? "" : ", ";
+    series.meanings += command->meaning;
+  }
+}
+
+Series FindSeries(const std::vector<JobEvent>& events, std::size_t at) {
+  Series series;
+  series.end = at;
+  for (; series.end < events.size(); ++series.end) {
+    const JobEvent& event = events[series.end];
+    if (event.kind == JobEventKind::kPcl && GroupOf(event) == GroupOf(events[at])) {
+      AddCommand(series, event);
+    } else if (event.kind == JobEventKind::kPayload && series.commands > 0) {
+      series.payload += event.length;
+    } else {
+      break;
+    }
+  }
+  return series;
+}
+
+std::string SeriesText(const JobEvent& first, const Series& series) {
+  std::string command = "ESC ";
+  command += GroupOf(first);
+  command += "...";
+  return Padded(command, kCommandColumn) + std::to_string(series.commands) + " commands with " +
+         Bytes(series.payload) + " of data: " + series.meanings;
 }
 
 }  // namespace
@@ -125,12 +140,13 @@ void PrintJob(std::ostream& out, std::span<const std::uint8_t> job,
   std::size_t at = 0;
   while (at < events.size()) {
     const JobEvent& event = events[at];
-    const Repetition repetition = fold ? FindRepetition(events, at) : Repetition();
-    if (repetition.count >= kFewestFolded) {
-      const JobEvent& last = events[repetition.end - 1];
+    const Series series =
+        fold && event.kind == JobEventKind::kPcl ? FindSeries(events, at) : Series();
+    if (series.announcements >= kFewestFolded) {
+      const JobEvent& last = events[series.end - 1];
       PrintLine(out, event.offset, last.offset + last.length - event.offset,
-                RepetitionText(event, repetition));
-      at = repetition.end;
+                SeriesText(event, series));
+      at = series.end;
     } else {
       PrintLine(out, event.offset, event.length, EventText(event, job));
       ++at;

@@ -13,8 +13,8 @@ namespace tool {
 // The job's events from its first byte to its last.
 std::vector<JobEvent> ReadJob(std::span<const std::uint8_t> job);
 
-// One line an event: where it stands, how long it is, what it is. With `fold`, a command that comes
-// many times in a row, each with its data, is one line.
+// One line an event: where it stands, how long it is, what it is. With `fold`, commands of one
+// group that come in a row with their data, such as the rows of a picture, are one line.
 void PrintJob(std::ostream& out, std::span<const std::uint8_t> job,
               const std::vector<JobEvent>& events, bool fold);
 
