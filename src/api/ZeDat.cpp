@@ -14,9 +14,7 @@ bool LanguageInRange(const ZeDestination& destination) {
   return destination.language >= ZE_LANGUAGE_NONE && destination.language <= ZE_LANGUAGE_PCLXL;
 }
 
-FileMode ModeFor(uint32_t append) {
-  return append != 0 ? kAppendFile : kReplaceFile;
-}
+FileMode ModeFor(uint32_t append) { return append != 0 ? kAppendFile : kReplaceFile; }
 
 }  // namespace
 }  // namespace zeapi
@@ -29,10 +27,8 @@ uint32_t ZEAPI_CALL ZeDatSendFile(const char* fileName, const char* printerName,
     if (fileName == nullptr || printerName == nullptr || destination == nullptr) {
       return ZE_INVALID_ARGUMENT;
     }
-    if (NameTooLong(fileName) || NameTooLong(printerName))
-      return ZE_INVALID_ARGUMENT;
-    if (!LanguageInRange(*destination))
-      return ZE_INVALID_ARGUMENT;
+    if (NameTooLong(fileName) || NameTooLong(printerName)) return ZE_INVALID_ARGUMENT;
+    if (!LanguageInRange(*destination)) return ZE_INVALID_ARGUMENT;
     return SendDataFile(fileName, printerName, *destination, ModeFor(append));
   });
 }
@@ -43,20 +39,17 @@ uint32_t ZEAPI_CALL ZeDatSendString(const char* text, const char* printerName,
     if (text == nullptr || printerName == nullptr || destination == nullptr) {
       return ZE_INVALID_ARGUMENT;
     }
-    if (text[0] == '%')
-      return ZeDatSendFile(text + 1, printerName, destination, append);
+    if (text[0] == '%') return ZeDatSendFile(text + 1, printerName, destination, append);
     const bool escaped = text[0] == '$';
     const std::size_t length = std::strlen(text);
-    if (!escaped && length % 2 != 0)
-      return ZE_INVALID_ARGUMENT;
+    if (!escaped && length % 2 != 0) return ZE_INVALID_ARGUMENT;
     if (length > kLongestText || NameTooLong(printerName) || !LanguageInRange(*destination)) {
       return ZE_INVALID_ARGUMENT;
     }
     DecodedString decoded;
     const Result result =
         escaped ? DecodeEscapedString(text + 1, &decoded) : DecodeHexString(text, &decoded);
-    if (result != ZE_OK)
-      return result;
+    if (result != ZE_OK) return result;
     return SendDataString(decoded, printerName, *destination, ModeFor(append));
   });
 }

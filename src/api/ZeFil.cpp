@@ -17,16 +17,14 @@ uint32_t ZEAPI_CALL ZeFilQuerySize(const char* path) noexcept {
 
 uint32_t ZEAPI_CALL ZeFilCopy(const char* source, const char* destination) noexcept {
   return Guarded([&]() -> Result {
-    if (source == nullptr || destination == nullptr)
-      return ZE_INVALID_ARGUMENT;
+    if (source == nullptr || destination == nullptr) return ZE_INVALID_ARGUMENT;
     return FilCopy(source, destination);
   });
 }
 
 uint32_t ZEAPI_CALL ZeFilBackup(const char* source, char* backupName) noexcept {
   return Guarded([&]() -> Result {
-    if (backupName == nullptr)
-      return ZE_INVALID_ARGUMENT;
+    if (backupName == nullptr) return ZE_INVALID_ARGUMENT;
     return FilBackup(source, backupName);
   });
 }
@@ -34,8 +32,7 @@ uint32_t ZEAPI_CALL ZeFilBackup(const char* source, char* backupName) noexcept {
 uint32_t ZEAPI_CALL ZeFilModify(const char* path, uint32_t value,
                                 ZeModifyCallback callback) noexcept {
   return Guarded([&]() -> Result {
-    if (callback == nullptr)
-      return ZE_INVALID_ARGUMENT;
+    if (callback == nullptr) return ZE_INVALID_ARGUMENT;
     return FilModify(path, value, callback);
   });
 }
@@ -47,8 +44,7 @@ uint32_t ZEAPI_CALL ZeFilMakePath(const char* path, char* created) noexcept {
 uint32_t ZEAPI_CALL ZeFilChecksum(const char* path, int32_t handle, uint32_t skip,
                                   uint16_t* result) noexcept {
   return Guarded([&]() -> Result {
-    if (result == nullptr)
-      return ZE_INVALID_ARGUMENT;
+    if (result == nullptr) return ZE_INVALID_ARGUMENT;
     return FilChecksum(path, handle, static_cast<uint16_t>(skip), result);
   });
 }

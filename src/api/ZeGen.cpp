@@ -41,17 +41,13 @@ Result CheckQueryBuffer(const void* buffer, uint32_t size) {
 using namespace zeapi;
 
 void ZEAPI_CALL ZeGenQueryApiInfo(void* info) noexcept {
-  if (info == nullptr)
-    return;
+  if (info == nullptr) return;
   auto* record = static_cast<ZeApiInfo*>(info);
   *record = ZeApiInfo{};
-  for (const ApiWord& word : kApiWords)
-    record->words[word.index] = word.value;
+  for (const ApiWord& word : kApiWords) record->words[word.index] = word.value;
 }
 
-void ZEAPI_CALL ZeMemFree(void* block) noexcept {
-  std::free(block);
-}
+void ZEAPI_CALL ZeMemFree(void* block) noexcept { std::free(block); }
 
 uint32_t ZEAPI_CALL ZeGenQueryAdapters(uint32_t, uint32_t, void* buffer, uint32_t size) noexcept {
   return CheckQueryBuffer(buffer, size);
@@ -68,16 +64,13 @@ uint32_t ZEAPI_CALL ZeNetGetType(uint32_t printer) noexcept {
 uint32_t ZEAPI_CALL ZeGenResource(int32_t request, const char* printerName,
                                   const ZeDestination* destination, int32_t device) noexcept {
   return Guarded([&]() -> Result {
-    if (printerName == nullptr || destination == nullptr)
-      return ZE_INVALID_ARGUMENT;
+    if (printerName == nullptr || destination == nullptr) return ZE_INVALID_ARGUMENT;
     // This call alone refuses a name of exactly 260 characters.
-    if (BoundedLength(printerName, ZE_MAX_NAME) >= ZE_MAX_NAME)
-      return ZE_INVALID_ARGUMENT;
+    if (BoundedLength(printerName, ZE_MAX_NAME) >= ZE_MAX_NAME) return ZE_INVALID_ARGUMENT;
     if (request < ZE_RESOURCE_TARGET_RAM || request > ZE_RESOURCE_PRINT_DIRECTORY) {
       return ZE_INVALID_ARGUMENT;
     }
-    if (device < ZE_DEVICE_RAM || device > ZE_DEVICE_DISK2)
-      return ZE_INVALID_ARGUMENT;
+    if (device < ZE_DEVICE_RAM || device > ZE_DEVICE_DISK2) return ZE_INVALID_ARGUMENT;
     return SendResourceRequest(request, printerName, *destination, device);
   });
 }

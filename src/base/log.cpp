@@ -8,8 +8,7 @@ namespace zeapi {
 
 void ZeLog(const char* module, unsigned line, const char* message) {
   std::FILE* log = platform::OpenStream(kLogPath, "a");
-  if (log == nullptr)
-    return;
+  if (log == nullptr) return;
   std::fprintf(log, "%s (%u): %s\n", module, line, message);
   std::fclose(log);
 }

@@ -12,21 +12,17 @@ Result SendResourceRequest(int request, const char* printerName, const ZeDestina
   ctx.fileMode = kReplaceFile;
   ctx.device = device;
   const Result opened = GenQueOpen(printerName, &ctx);
-  if (opened != ZE_OK)
-    return opened;
+  if (opened != ZE_OK) return opened;
 
   if (TakesPjl(ctx)) {
     PjlJobHeader(&ctx, false);
-    if (QueueFailed(&ctx))
-      return ctx.error;
+    if (QueueFailed(&ctx)) return ctx.error;
   }
   PjlResourceCommand(request, &ctx);
-  if (QueueFailed(&ctx))
-    return ctx.error;
+  if (QueueFailed(&ctx)) return ctx.error;
   if (TakesPjl(ctx)) {
     PjlJobTrailer(&ctx, false);
-    if (QueueFailed(&ctx))
-      return ctx.error;
+    if (QueueFailed(&ctx)) return ctx.error;
   }
   GenQueClose(&ctx);
   return ZE_OK;

@@ -40,11 +40,9 @@ Result SendPasses(std::FILE* file, GenQueContext* ctx, unsigned passes) {
 bool EndJob(GenQueContext* ctx) {
   if (TakesPjl(*ctx)) {
     PjlJobTrailer(ctx, true);
-    if (QueueFailed(ctx))
-      return false;
+    if (QueueFailed(ctx)) return false;
   }
-  if (TakesBracketK(*ctx))
-    WriteSequence(ctx, pjl::kEndOfJob);
+  if (TakesBracketK(*ctx)) WriteSequence(ctx, pjl::kEndOfJob);
   return true;
 }
 
@@ -52,25 +50,20 @@ bool EndJob(GenQueContext* ctx) {
 
 Result SendDataFile(const char* fileName, const char* printerName, const ZeDestination& destination,
                     FileMode fileMode) {
-  if (!FilExists(fileName))
-    return ZE_FILE_NOT_FOUND;
+  if (!FilExists(fileName)) return ZE_FILE_NOT_FOUND;
   const Stream file(platform::OpenStream(fileName, "rb"));
-  if (file == nullptr)
-    return ZE_OPEN_FAILED;
+  if (file == nullptr) return ZE_OPEN_FAILED;
 
   GenQueContext ctx;
   ctx.destination = &destination;
   ctx.fileMode = fileMode;
   const Result opened = GenQueOpen(printerName, &ctx);
-  if (opened != ZE_OK)
-    return opened;
+  if (opened != ZE_OK) return opened;
 
   unsigned passes = 0;
-  if (!StartJob(&ctx, &passes))
-    return ctx.error;
+  if (!StartJob(&ctx, &passes)) return ctx.error;
   const Result result = SendPasses(file.get(), &ctx, passes);
-  if (result != ZE_PRINTER_WRITE_FAILED && !EndJob(&ctx))
-    return ctx.error;
+  if (result != ZE_PRINTER_WRITE_FAILED && !EndJob(&ctx)) return ctx.error;
   GenQueClose(&ctx);
   return result;
 }

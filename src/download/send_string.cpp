@@ -18,15 +18,13 @@ char ByteFromTwo(const char* characters) {
 // text ends within the escape.
 bool DecodeEscape(const char** text, char* byte) {
   const char* escape = *text;
-  if (escape[0] == '\0')
-    return false;
+  if (escape[0] == '\0') return false;
   if (escape[0] != 'x') {
     *byte = escape[0] == 'n' ? '\n' : escape[0];
     *text = escape + 1;
     return true;
   }
-  if (escape[1] == '\0' || escape[2] == '\0')
-    return false;
+  if (escape[1] == '\0' || escape[2] == '\0') return false;
   *byte = ByteFromTwo(escape + 1);
   *text = escape + 3;
   return true;
@@ -37,13 +35,11 @@ bool DecodeEscape(const char** text, char* byte) {
 Result DecodeHexString(const char* digits, DecodedString* decoded) {
   const std::size_t length = std::strlen(digits) / 2;
   decoded->bytes = CHeapBytes<char>(length + 1);
-  if (decoded->bytes == nullptr)
-    return ZE_OUT_OF_MEMORY;
+  if (decoded->bytes == nullptr) return ZE_OUT_OF_MEMORY;
   for (std::size_t i = 0; i < length; ++i) {
     const int high = HexDigitValue(digits[2 * i]);
     const int low = HexDigitValue(digits[2 * i + 1]);
-    if (high < 0 || low < 0)
-      return ZE_INVALID_ARGUMENT;
+    if (high < 0 || low < 0) return ZE_INVALID_ARGUMENT;
     decoded->bytes[i] = static_cast<char>(high << 4 | low);
   }
   decoded->length = static_cast<std::uint32_t>(length);
@@ -52,13 +48,11 @@ Result DecodeHexString(const char* digits, DecodedString* decoded) {
 
 Result DecodeEscapedString(const char* text, DecodedString* decoded) {
   decoded->bytes = CHeapBytes<char>(std::strlen(text) + 1);
-  if (decoded->bytes == nullptr)
-    return ZE_OUT_OF_MEMORY;
+  if (decoded->bytes == nullptr) return ZE_OUT_OF_MEMORY;
   char* out = decoded->bytes.get();
   while (*text != '\0') {
     char byte = *text++;
-    if (byte == '\\' && !DecodeEscape(&text, &byte))
-      break;
+    if (byte == '\\' && !DecodeEscape(&text, &byte)) break;
     *out++ = byte;
   }
   decoded->length = static_cast<std::uint32_t>(std::strlen(decoded->bytes.get()));
@@ -71,19 +65,16 @@ Result SendDataString(const DecodedString& data, const char* printerName,
   ctx.destination = &destination;
   ctx.fileMode = fileMode;
   const Result opened = GenQueOpen(printerName, &ctx);
-  if (opened != ZE_OK)
-    return opened;
+  if (opened != ZE_OK) return opened;
 
   if (TakesPjl(ctx)) {
     PjlJobHeader(&ctx, false);
-    if (QueueFailed(&ctx))
-      return ctx.error;
+    if (QueueFailed(&ctx)) return ctx.error;
   }
   GenQueWrite(data.bytes.get(), data.length, &ctx);
   if (ctx.error == ZE_OK && TakesPjl(ctx)) {
     PjlJobTrailer(&ctx, false);
-    if (QueueFailed(&ctx))
-      return ctx.error;
+    if (QueueFailed(&ctx)) return ctx.error;
   }
   GenQueClose(&ctx);
   return ctx.error;

@@ -31,16 +31,14 @@ class WordSum {
       }
     }
     words_ += count / 2;
-    if (count > 0)
-      lastHigh_ = bytes[count - 1];
+    if (count > 0) lastHigh_ = bytes[count - 1];
   }
 
   // The odd byte at the end replaces the low byte of the word before and is taken with that word's
   // high byte: the checksums that are stored in files were made so.
   void AddLastByte(std::uint8_t byte) {
     ++words_;
-    if (skip_ == 0 || static_cast<std::uint16_t>(words_) != skip_)
-      sum_ -= Word(byte, lastHigh_);
+    if (skip_ == 0 || static_cast<std::uint16_t>(words_) != skip_) sum_ -= Word(byte, lastHigh_);
   }
 
   std::uint16_t value() const { return static_cast<std::uint16_t>(sum_); }
@@ -66,13 +64,10 @@ std::uint16_t SumFile(FilAccess* file, std::uint16_t skip) {
     const std::uint32_t available = held + count;
     sum.AddWords(block, available & ~1U);
     held = available & 1U;
-    if (held != 0)
-      block[0] = block[available - 1];
+    if (held != 0) block[0] = block[available - 1];
   }
-  if (held != 0)
-    sum.AddLastByte(block[0]);
-  if (file->error == kFilEndOfFile)
-    file->error = kFilGood;
+  if (held != 0) sum.AddLastByte(block[0]);
+  if (file->error == kFilEndOfFile) file->error = kFilGood;
   return sum.value();
 }
 
@@ -84,8 +79,7 @@ Result FilChecksum(const char* path, std::int32_t handle, std::uint16_t skip,
   file.mode = kFilRead;
   if (path != nullptr && path[0] != '\0') {
     FilOpen(path, &file);
-    if (file.error != kFilGood)
-      return ZE_OPEN_FAILED;
+    if (file.error != kFilGood) return ZE_OPEN_FAILED;
   } else if (handle != 0) {
     file.handle = static_cast<std::uint32_t>(handle);
   } else {
@@ -94,8 +88,7 @@ Result FilChecksum(const char* path, std::int32_t handle, std::uint16_t skip,
   *result = SumFile(&file, skip);
   // Whether the file is closed hangs on the path pointer alone: an empty path closes the caller's
   // handle too, and callers count on it.
-  if (path != nullptr)
-    FilClose(&file);
+  if (path != nullptr) FilClose(&file);
   return file.error;
 }
 

@@ -29,11 +29,9 @@ bool CreateEmpty(const char* path) {
 }
 
 platform::FileHandle Open(const char* path, std::uint32_t mode) {
-  if (mode < 1 || mode > std::size(kOpenModes))
-    return platform::kNoFileHandle;
+  if (mode < 1 || mode > std::size(kOpenModes)) return platform::kNoFileHandle;
   const OpenMode& open = kOpenModes[mode - 1];
-  if (open.createFirst && !CreateEmpty(path))
-    return platform::kNoFileHandle;
+  if (open.createFirst && !CreateEmpty(path)) return platform::kNoFileHandle;
   return platform::HandleOpen(path, open.access);
 }
 
@@ -43,13 +41,11 @@ void FilOpen(const char* path, FilAccess* access) {
   access->reserved = 0;
   const platform::FileHandle file = Open(path, access->mode);
   access->handle = static_cast<std::uint32_t>(file);
-  if (file == platform::kNoFileHandle)
-    access->error = kFilOpenFailed;
+  if (file == platform::kNoFileHandle) access->error = kFilOpenFailed;
 }
 
 void FilClose(FilAccess* access) {
-  if (!platform::HandleClose(HandleOf(*access)))
-    access->error = kFilCloseFailed;
+  if (!platform::HandleClose(HandleOf(*access))) access->error = kFilCloseFailed;
   access->handle = static_cast<std::uint32_t>(platform::kNoFileHandle);
 }
 
@@ -59,22 +55,19 @@ std::uint32_t FilRead(FilAccess* access, void* buffer, std::uint32_t count) {
     access->error = kFilReadFailed;
     return 0;
   }
-  if (static_cast<std::uint32_t>(read) < count)
-    access->error = kFilEndOfFile;
+  if (static_cast<std::uint32_t>(read) < count) access->error = kFilEndOfFile;
   return static_cast<std::uint32_t>(read);
 }
 
 std::uint32_t FilWrite(FilAccess* access, const void* data, std::uint32_t count) {
   const std::int32_t written = platform::HandleWrite(HandleOf(*access), data, count);
-  if (written < 0 || static_cast<std::uint32_t>(written) < count)
-    access->error = kFilWriteFailed;
+  if (written < 0 || static_cast<std::uint32_t>(written) < count) access->error = kFilWriteFailed;
   return written < 0 ? 0 : static_cast<std::uint32_t>(written);
 }
 
 std::int64_t FilSeek(FilAccess* access, std::int64_t offset, platform::SeekOrigin origin) {
   const std::int64_t position = platform::HandleSeek(HandleOf(*access), offset, origin);
-  if (position < 0)
-    access->error = kFilSeekFailed;
+  if (position < 0) access->error = kFilSeekFailed;
   return position;
 }
 

@@ -36,14 +36,12 @@ constexpr int kBackupNumbers = 998;
 }  // namespace
 
 bool FilExists(const char* path) {
-  if (path == nullptr || path[0] == '\0')
-    return false;
+  if (path == nullptr || path[0] == '\0') return false;
   return platform::PathExists(path) && platform::PathReadable(path);
 }
 
 std::uint32_t FilQuerySize(const char* path) {
-  if (path == nullptr || path[0] == '\0')
-    return 0;
+  if (path == nullptr || path[0] == '\0') return 0;
   platform::DirectorySearch search(path);
   platform::FoundEntry entry;
   return search.Next(&entry) ? entry.size : 0;
@@ -51,8 +49,7 @@ std::uint32_t FilQuerySize(const char* path) {
 
 Result CopyErrorResult(std::uint32_t systemError) {
   for (const CopyError& error : kCopyErrors) {
-    if (error.system == systemError)
-      return error.result;
+    if (error.system == systemError) return error.result;
   }
   return ZE_COPY_FAILED;
 }
@@ -63,17 +60,15 @@ Result FilCopy(const char* source, const char* destination) {
 }
 
 Result FilBackup(const char* source, char* backupName) {
-  if (!FilExists(source) || NameTooLong(source))
-    return ZE_BAD_FORMAT;
+  if (!FilExists(source) || NameTooLong(source)) return ZE_BAD_FORMAT;
   const PathParts parts = SplitPath(source);
   const std::size_t stem = parts.drive.size() + parts.directory.size() + parts.baseName.size();
   constexpr std::size_t kNumberLength = 4;  // ".001"
-  if (stem + kNumberLength > ZE_MAX_NAME)
-    return ZE_BAD_FORMAT;
+  if (stem + kNumberLength > ZE_MAX_NAME) return ZE_BAD_FORMAT;
+  std::memcpy(backupName, source, stem);
   for (int number = 1; number <= kBackupNumbers; ++number) {
-    std::snprintf(backupName, ZE_MAX_NAME + 1, "%.*s.%03d", static_cast<int>(stem), source, number);
-    if (!FilExists(backupName))
-      return FilCopy(source, backupName);
+    std::snprintf(backupName + stem, kNumberLength + 1, ".%03d", number);
+    if (!FilExists(backupName)) return FilCopy(source, backupName);
   }
   return ZE_NO_BACKUP_NAME;
 }

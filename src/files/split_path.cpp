@@ -4,8 +4,7 @@ namespace zeapi {
 
 PathParts SplitPath(std::string_view path) {
   PathParts parts;
-  if (path.size() >= 2 && path[1] == ':')
-    parts.drive = path.substr(0, 2);
+  if (path.size() >= 2 && path[1] == ':') parts.drive = path.substr(0, 2);
   const std::string_view rest = path.substr(parts.drive.size());
   const std::size_t separator = rest.find_last_of("\\/");
   const std::size_t name = separator == std::string_view::npos ? 0 : separator + 1;

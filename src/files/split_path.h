@@ -5,9 +5,7 @@
 
 namespace zeapi {
 
-inline bool IsSeparator(char c) {
-  return c == '\\' || c == '/';
-}
+inline bool IsSeparator(char c) { return c == '\\' || c == '/'; }
 
 // The parts of a path, in order; together they are the path. Views into it.
 struct PathParts {

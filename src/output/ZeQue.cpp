@@ -19,52 +19,37 @@ Result GenQueOpen(const char* name, GenQueContext* ctx) {
     result = OpenBidi(ctx);
   } else {
     result = OpenSpooler(name, ctx);
-    if (result != ZE_OK)
-      result = OpenFile(name, ctx);
+    if (result != ZE_OK) result = OpenFile(name, ctx);
   }
   queue_log::Write(queue_log::kOpenLeave);
   return result;
 }
 
 std::uint32_t GenQueWrite(const void* data, std::uint32_t length, GenQueContext* ctx) {
-  if (ctx->backEnd == QueueBackEnd::kClosed)
-    return 0;
+  if (ctx->backEnd == QueueBackEnd::kClosed) return 0;
   queue_log::Write(queue_log::kWriteEnter);
-  std::uint32_t written = 0;
-  switch (ctx->backEnd) {
-    case QueueBackEnd::kBidi:
-      written = WriteBidi(data, length, ctx);
-      break;
-    case QueueBackEnd::kSpooler:
-      written = WriteSpooler(data, length, ctx);
-      break;
-    case QueueBackEnd::kFile:
-      written = WriteFile(data, length, ctx);
-      break;
-    case QueueBackEnd::kClosed:
-      break;
+  std::uint32_t written;
+  if (ctx->backEnd == QueueBackEnd::kBidi) {
+    written = WriteBidi(data, length, ctx);
+  } else if (ctx->backEnd == QueueBackEnd::kSpooler) {
+    written = WriteSpooler(data, length, ctx);
+  } else {
+    written = WriteFile(data, length, ctx);
   }
   queue_log::Write(queue_log::kWriteLeave);
   return written;
 }
 
 Result GenQueClose(GenQueContext* ctx) {
-  if (ctx->backEnd == QueueBackEnd::kClosed)
-    return ZE_OK;
+  if (ctx->backEnd == QueueBackEnd::kClosed) return ZE_OK;
   queue_log::Write(queue_log::kCloseEnter);
   Result result = ZE_OK;
-  switch (ctx->backEnd) {
-    case QueueBackEnd::kBidi:
-      CloseBidi(ctx);
-      break;
-    case QueueBackEnd::kSpooler:
-      CloseSpooler(ctx);
-      break;
-    case QueueBackEnd::kFile:
-      result = CloseFile(ctx);
-      break;
-    case QueueBackEnd::kClosed:
-      break;
+  if (ctx->backEnd == QueueBackEnd::kBidi) {
+    CloseBidi(ctx);
+  } else if (ctx->backEnd == QueueBackEnd::kSpooler) {
+    CloseSpooler(ctx);
+  } else {
+    result = CloseFile(ctx);
   }
   ctx->backEnd = QueueBackEnd::kClosed;
   queue_log::Write(queue_log::kCloseLeave);
@@ -72,8 +57,7 @@ Result GenQueClose(GenQueContext* ctx) {
 }
 
 bool QueueFailed(GenQueContext* ctx) {
-  if (ctx->error == ZE_OK)
-    return false;
+  if (ctx->error == ZE_OK) return false;
   GenQueClose(ctx);
   return true;
 }

@@ -39,8 +39,7 @@ BidiLibrary library;
 template <typename Function>
 bool FindEntryPoint(const char* name, const LogEvent& missing, Function* entry) {
   *entry = reinterpret_cast<Function>(platform::ModuleFind(library.module, name));
-  if (*entry != nullptr)
-    return true;
+  if (*entry != nullptr) return true;
   queue_log::Write(missing);
   return false;
 }
@@ -63,10 +62,8 @@ void FreeLibraryAndEntryPoints() {
 
 Result StartDocument(const ZeDestination& destination) {
   const CHeapPtr<std::uint8_t[]> info = MakeBceDocInfo(destination);
-  if (info == nullptr)
-    return ZE_OUT_OF_MEMORY;
-  if (library.startDoc(destination.bidiHandle, 0, info.get()) == 0)
-    return ZE_OK;
+  if (info == nullptr) return ZE_OUT_OF_MEMORY;
+  if (library.startDoc(destination.bidiHandle, 0, info.get()) == 0) return ZE_OK;
   queue_log::Write(queue_log::kStartDocFailed);
   return ZE_UNUSABLE;
 }
@@ -74,8 +71,7 @@ Result StartDocument(const ZeDestination& destination) {
 // A port that did open is not closed again when the document does not start; the DLL is freed
 // instead.
 Result OpenPortAndDocument(const ZeDestination& destination) {
-  if (!FindEntryPoints())
-    return ZE_UNUSABLE;
+  if (!FindEntryPoints()) return ZE_UNUSABLE;
   if (library.open(destination.bidiPort, destination.bidiHandle, 0) != 0) {
     queue_log::Write(queue_log::kBceOpenFailed);
     return ZE_UNUSABLE;
@@ -90,11 +86,9 @@ constexpr std::size_t kNetworkByte = 93;
 using PrinterInfo = std::array<std::uint8_t, kPrinterInfoSize>;
 
 std::uint32_t ClassifyConnection(const PrinterInfo& info) {
-  if (info[kNetworkByte] & 0x08)
-    return 2048;
+  if (info[kNetworkByte] & 0x08) return 2048;
   for (const std::uint32_t type : {0x20U, 0x04U, 0x02U}) {
-    if (info[kConnectionByte] & type)
-      return type;
+    if (info[kConnectionByte] & type) return type;
   }
   return 0;
 }
@@ -132,8 +126,7 @@ std::uint32_t WriteBidi(const void* data, std::uint32_t length, GenQueContext* c
 }
 
 void CloseBidi(GenQueContext* ctx) {
-  if (library.module == nullptr)
-    return;
+  if (library.module == nullptr) return;
   const ZeDestination& destination = *ctx->destination;
   queue_log::Write(queue_log::kBceEndDoc);
   queue_log::Write(queue_log::kBceClose);
@@ -150,14 +143,11 @@ std::uint32_t BidiConnectionType(std::uint32_t printer) {
   BceGetPrtInfoFn getPrtInfo = library.getPrtInfo;
   if (getPrtInfo == nullptr) {
     loaded = platform::ModuleLoad(kLibraryName);
-    if (loaded == nullptr)
-      return 0;
+    if (loaded == nullptr) return 0;
     getPrtInfo = reinterpret_cast<BceGetPrtInfoFn>(platform::ModuleFind(loaded, "BceGetPrtInfo"));
   }
-  if (getPrtInfo != nullptr)
-    getPrtInfo(printer, info.data(), 0);
-  if (loaded != nullptr)
-    platform::ModuleFree(loaded);
+  if (getPrtInfo != nullptr) getPrtInfo(printer, info.data(), 0);
+  if (loaded != nullptr) platform::ModuleFree(loaded);
   return ClassifyConnection(info);
 }
 

@@ -21,8 +21,7 @@ const char* StreamMode(std::int32_t fileMode) {
 Result OpenFile(const char* name, GenQueContext* ctx) {
   queue_log::Write(queue_log::kUseFile);
   ctx->file = platform::OpenStream(name, StreamMode(ctx->fileMode));
-  if (ctx->file == nullptr)
-    return ZE_OPEN_FAILED;
+  if (ctx->file == nullptr) return ZE_OPEN_FAILED;
   ctx->backEnd = QueueBackEnd::kFile;
   return ZE_OK;
 }

@@ -40,12 +40,9 @@ void ExpandToHex(std::uint8_t* block, std::size_t count) {
 }
 
 int HexDigitValue(char digit) {
-  if (digit >= '0' && digit <= '9')
-    return digit - '0';
-  if (digit >= 'A' && digit <= 'F')
-    return digit - 'A' + 10;
-  if (digit >= 'a' && digit <= 'f')
-    return digit - 'a' + 10;
+  if (digit >= '0' && digit <= '9') return digit - '0';
+  if (digit >= 'A' && digit <= 'F') return digit - 'A' + 10;
+  if (digit >= 'a' && digit <= 'f') return digit - 'a' + 10;
   return -1;
 }
 

@@ -33,8 +33,7 @@ void WriteDownloadTarget(GenQueContext* ctx, std::int32_t device) {
 
 void WritePclCopies(GenQueContext* ctx) {
   const std::uint16_t copies = ctx->destination->copies;
-  if (copies != 0)
-    WriteCommand(ctx, pjl::kPclCopies, copies);
+  if (copies != 0) WriteCommand(ctx, pjl::kPclCopies, copies);
 }
 
 }  // namespace
@@ -45,15 +44,12 @@ void WriteCommand(GenQueContext* ctx, const char* format, ...) {
   va_start(arguments, format);
   const int formatted = std::vsnprintf(text, sizeof(text), format, arguments);
   va_end(arguments);
-  if (formatted < 0)
-    return;
+  if (formatted < 0) return;
   const auto length = static_cast<std::uint32_t>(formatted);
   GenQueWrite(text, length < sizeof(text) ? length : sizeof(text) - 1, ctx);
 }
 
-bool TakesPjl(const GenQueContext& ctx) {
-  return (ctx.destination->flags & ZE_FLAG_PJL) != 0;
-}
+bool TakesPjl(const GenQueContext& ctx) { return (ctx.destination->flags & ZE_FLAG_PJL) != 0; }
 
 bool TakesBracketK(const GenQueContext& ctx) {
   return (ctx.destination->flags & ZE_FLAG_BRACKET_K) != 0;
@@ -62,15 +58,11 @@ bool TakesBracketK(const GenQueContext& ctx) {
 void PjlJobHeader(GenQueContext* ctx, bool withCopies) {
   const ZeDestination& destination = *ctx->destination;
   WriteUniversalExit(ctx);
-  if (QueueFailed(ctx))
-    return;
-  if (destination.jobName != nullptr)
-    WriteCommand(ctx, pjl::kReadyMessage, destination.jobName);
+  if (QueueFailed(ctx)) return;
+  if (destination.jobName != nullptr) WriteCommand(ctx, pjl::kReadyMessage, destination.jobName);
   const char* language = LanguageName(destination.language);
-  if (ctx->error == ZE_OK && language != nullptr)
-    WriteCommand(ctx, pjl::kEnterLanguage, language);
-  if (QueueFailed(ctx))
-    return;
+  if (ctx->error == ZE_OK && language != nullptr) WriteCommand(ctx, pjl::kEnterLanguage, language);
+  if (QueueFailed(ctx)) return;
   if (withCopies && destination.copies != 0) {
     WriteCommand(ctx, pjl::kSetNumber, pjl::kCopies, static_cast<int>(destination.copies));
   }
@@ -78,15 +70,12 @@ void PjlJobHeader(GenQueContext* ctx, bool withCopies) {
 
 void PjlJobTrailer(GenQueContext* ctx, bool withReset) {
   WriteUniversalExit(ctx);
-  if (QueueFailed(ctx))
-    return;
+  if (QueueFailed(ctx)) return;
   WriteCommand(ctx, pjl::kReadyMessage, "");
-  if (QueueFailed(ctx))
-    return;
+  if (QueueFailed(ctx)) return;
   if (withReset) {
     WriteCommand(ctx, pjl::kReset);
-    if (QueueFailed(ctx))
-      return;
+    if (QueueFailed(ctx)) return;
   }
   WriteUniversalExit(ctx);
 }
@@ -99,23 +88,17 @@ void PjlResourceCommand(int kind, GenQueContext* ctx) {
   const bool takesPjl = TakesPjl(*ctx);
   if (takesPjl) {
     WriteUniversalExit(ctx);
-    if (QueueFailed(ctx))
-      return;
+    if (QueueFailed(ctx)) return;
   }
-  if (ctx->error != ZE_OK)
-    return;
+  if (ctx->error != ZE_OK) return;
   switch (kind) {
     case ZE_RESOURCE_TARGET_RAM:
-      if (takesPjl)
-        WriteDownloadTarget(ctx, ZE_DEVICE_RAM);
-      if (TakesBracketK(*ctx))
-        WriteSequence(ctx, pjl::kTargetMemory);
+      if (takesPjl) WriteDownloadTarget(ctx, ZE_DEVICE_RAM);
+      if (TakesBracketK(*ctx)) WriteSequence(ctx, pjl::kTargetMemory);
       break;
     case ZE_RESOURCE_TARGET_DEVICE:
-      if (takesPjl)
-        WriteDownloadTarget(ctx, ctx->device);
-      if (TakesBracketK(*ctx))
-        WriteSequence(ctx, pjl::kTargetDevice);
+      if (takesPjl) WriteDownloadTarget(ctx, ctx->device);
+      if (TakesBracketK(*ctx)) WriteSequence(ctx, pjl::kTargetDevice);
       break;
     // Formatting and listing go to printers of neither command set too, in the bracket-K form.
     case ZE_RESOURCE_FORMAT_DEVICE:
@@ -138,26 +121,20 @@ void PjlResourceCommand(int kind, GenQueContext* ctx) {
 }
 
 void LanguageSelect(GenQueContext* ctx) {
-  if (ctx->error != ZE_OK)
-    return;
+  if (ctx->error != ZE_OK) return;
   const ZeDestination& destination = *ctx->destination;
   const std::int32_t language = destination.language;
   if (language == ZE_LANGUAGE_NONE) {
     WritePclCopies(ctx);
     return;
   }
-  if (language < ZE_LANGUAGE_DEFAULT || language > ZE_LANGUAGE_PCLXL)
-    return;
+  if (language < ZE_LANGUAGE_DEFAULT || language > ZE_LANGUAGE_PCLXL) return;
   pjl::BracketK& sequence = selectLanguage[static_cast<std::size_t>(language)];
-  if (destination.channel != 0)
-    sequence[pjl::kChannelByte] = destination.channel;
+  if (destination.channel != 0) sequence[pjl::kChannelByte] = destination.channel;
   WriteSequence(ctx, sequence);
-  if (language == ZE_LANGUAGE_PCL || language == ZE_LANGUAGE_PCLXL)
-    WritePclCopies(ctx);
+  if (language == ZE_LANGUAGE_PCL || language == ZE_LANGUAGE_PCLXL) WritePclCopies(ctx);
 }
 
-void ResetLanguageSelectForTesting() {
-  selectLanguage = pjl::kSelectLanguage;
-}
+void ResetLanguageSelectForTesting() { selectLanguage = pjl::kSelectLanguage; }
 
 }  // namespace zeapi

@@ -40,8 +40,6 @@ inline constexpr LogEvent kFileWrite{1597, "fwrite"};
 inline constexpr LogEvent kFileWriteFailed{1600, "fwrite FAILED!"};
 inline constexpr LogEvent kWriteLeave{1761, "-GenQueWrite"};
 
-inline void Write(const LogEvent& event) {
-  ZeLog(kModule, event.line, event.message);
-}
+inline void Write(const LogEvent& event) { ZeLog(kModule, event.line, event.message); }
 
 }  // namespace zeapi::queue_log

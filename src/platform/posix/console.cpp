@@ -4,8 +4,6 @@
 
 namespace zeapi::platform {
 
-void ConsoleWrite(std::string_view text) {
-  std::fwrite(text.data(), 1, text.size(), stdout);
-}
+void ConsoleWrite(std::string_view text) { std::fwrite(text.data(), 1, text.size(), stdout); }
 
 }  // namespace zeapi::platform

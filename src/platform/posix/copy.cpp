@@ -12,40 +12,37 @@
 namespace zeapi::platform {
 namespace {
 
-constexpr std::uint32_t kErrorFileNotFound = 2;
-constexpr std::uint32_t kErrorPathNotFound = 3;
-constexpr std::uint32_t kErrorAccessDenied = 5;
-constexpr std::uint32_t kErrorGeneralFailure = 31;
-constexpr std::uint32_t kErrorSharingViolation = 32;
-constexpr std::uint32_t kErrorInvalidParameter = 87;
-constexpr std::uint32_t kErrorDiskFull = 112;
-constexpr std::uint32_t kErrorNameTooLong = 206;
+struct ErrorNumber {
+  int host;
+  std::uint32_t windows;
+};
+
+constexpr std::uint32_t kPathNotFound = 3;
+constexpr std::uint32_t kAccessDenied = 5;
+constexpr std::uint32_t kGeneralFailure = 31;
+constexpr std::uint32_t kSharingViolation = 32;
+
+constexpr ErrorNumber kErrorNumbers[] = {
+    {ENOENT, 2},
+    {ENOTDIR, kPathNotFound},
+    {EACCES, kAccessDenied},
+    {EPERM, kAccessDenied},
+    {EROFS, kAccessDenied},
+    {EISDIR, kAccessDenied},
+    {ETXTBSY, kSharingViolation},
+    {EBUSY, kSharingViolation},
+    {EINVAL, 87},   // invalid parameter
+    {ENOSPC, 112},  // disk full
+    {EDQUOT, 112},
+    {EFBIG, 112},
+    {ENAMETOOLONG, 206},  // file name exceeds its range
+};
 
 std::uint32_t SystemError(int number) {
-  switch (number) {
-    case ENOENT:
-      return kErrorFileNotFound;
-    case ENOTDIR:
-      return kErrorPathNotFound;
-    case EACCES:
-    case EPERM:
-    case EROFS:
-    case EISDIR:
-      return kErrorAccessDenied;
-    case ETXTBSY:
-    case EBUSY:
-      return kErrorSharingViolation;
-    case EINVAL:
-      return kErrorInvalidParameter;
-    case ENOSPC:
-    case EDQUOT:
-    case EFBIG:
-      return kErrorDiskFull;
-    case ENAMETOOLONG:
-      return kErrorNameTooLong;
-    default:
-      return kErrorGeneralFailure;
+  for (const ErrorNumber& error : kErrorNumbers) {
+    if (error.host == number) return error.windows;
   }
+  return kGeneralFailure;
 }
 
 // Closes a descriptor at the end of its scope; Close() tells how that went.
@@ -69,8 +66,7 @@ class Descriptor {
 bool WriteAll(int descriptor, const char* data, std::size_t count) {
   while (count > 0) {
     const ssize_t written = write(descriptor, data, count);
-    if (written < 0)
-      return false;
+    if (written < 0) return false;
     data += written;
     count -= static_cast<std::size_t>(written);
   }
@@ -82,10 +78,8 @@ bool CopyBytes(int source, int destination) {
   char block[kBlock];
   for (;;) {
     const ssize_t count = read(source, block, kBlock);
-    if (count == 0)
-      return true;
-    if (count < 0 || !WriteAll(destination, block, static_cast<std::size_t>(count)))
-      return false;
+    if (count == 0) return true;
+    if (count < 0 || !WriteAll(destination, block, static_cast<std::size_t>(count))) return false;
   }
 }
 
@@ -100,30 +94,24 @@ void KeepTime(int descriptor, const struct stat& source) {
 std::uint32_t CopyOver(const char* source, const char* destination) {
   HostPath from;
   HostPath to;
-  if (!ToHostPath(source, &from) || !ToHostPath(destination, &to))
-    return kErrorPathNotFound;
+  if (!ToHostPath(source, &from) || !ToHostPath(destination, &to)) return kPathNotFound;
   Descriptor input(open(from.text, O_RDONLY | O_CLOEXEC));
   struct stat status;
-  if (input.number() < 0 || fstat(input.number(), &status) != 0)
-    return SystemError(errno);
-  if (S_ISDIR(status.st_mode))
-    return kErrorAccessDenied;
+  if (input.number() < 0 || fstat(input.number(), &status) != 0) return SystemError(errno);
+  if (S_ISDIR(status.st_mode)) return kAccessDenied;
   struct stat target;
   const bool existed = stat(to.text, &target) == 0;
   if (existed && target.st_dev == status.st_dev && target.st_ino == status.st_ino) {
-    return kErrorSharingViolation;
+    return kSharingViolation;
   }
   Descriptor output(open(to.text, O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, status.st_mode & 0777));
-  if (output.number() < 0)
-    return SystemError(errno);
+  if (output.number() < 0) return SystemError(errno);
   if (CopyBytes(input.number(), output.number())) {
     KeepTime(output.number(), status);
-    if (output.Close())
-      return 0;
+    if (output.Close()) return 0;
   }
   const std::uint32_t error = SystemError(errno);
-  if (!existed)
-    unlink(to.text);
+  if (!existed) unlink(to.text);
   return error;
 }
 

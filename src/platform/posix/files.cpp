@@ -22,17 +22,14 @@ bool IsDirectory(int descriptor) {
 // Reading text goes through a translating stream; every other mode is the host's own.
 std::FILE* OpenForReading(const char* path, bool text) {
   const int descriptor = open(path, O_RDONLY | O_CLOEXEC);
-  if (descriptor < 0)
-    return nullptr;
+  if (descriptor < 0) return nullptr;
   if (IsDirectory(descriptor)) {
     close(descriptor);
     return nullptr;
   }
-  if (text)
-    return OpenTextReader(descriptor);
+  if (text) return OpenTextReader(descriptor);
   std::FILE* stream = fdopen(descriptor, "rb");
-  if (stream == nullptr)
-    close(descriptor);
+  if (stream == nullptr) close(descriptor);
   return stream;
 }
 
@@ -40,12 +37,9 @@ std::FILE* OpenForReading(const char* path, bool text) {
 
 std::FILE* OpenStream(const char* path, const char* mode) {
   HostPath host;
-  if (mode[0] == '\0' || !ToHostPath(path, &host))
-    return nullptr;
-  if (std::strcmp(mode, "r") == 0)
-    return OpenForReading(host.text, true);
-  if (std::strcmp(mode, "rb") == 0)
-    return OpenForReading(host.text, false);
+  if (mode[0] == '\0' || !ToHostPath(path, &host)) return nullptr;
+  if (std::strcmp(mode, "r") == 0) return OpenForReading(host.text, true);
+  if (std::strcmp(mode, "rb") == 0) return OpenForReading(host.text, false);
   return std::fopen(host.text, mode);
 }
 
@@ -62,8 +56,7 @@ bool PathReadable(const char* path) {
 PathKind QueryPath(const char* path) {
   HostPath host;
   struct stat status;
-  if (!ToHostPath(path, &host) || stat(host.text, &status) != 0)
-    return PathKind::kMissing;
+  if (!ToHostPath(path, &host) || stat(host.text, &status) != 0) return PathKind::kMissing;
   return S_ISREG(status.st_mode) ? PathKind::kRegularFile : PathKind::kOther;
 }
 
@@ -83,14 +76,11 @@ bool TemporaryName(const char* directory, const char* prefix, char* name, std::s
   const char* folders[] = {std::getenv("TMPDIR"), "/tmp", directory};
   for (const char* folder : folders) {
     HostPath host;
-    if (!ToHostPath(folder, &host) || access(host.text, W_OK | X_OK) != 0)
-      continue;
+    if (!ToHostPath(folder, &host) || access(host.text, W_OK | X_OK) != 0) continue;
     const int length = std::snprintf(name, size, "%s/%sXXXXXX", host.text, prefix);
-    if (length < 0 || static_cast<std::size_t>(length) >= size)
-      continue;
+    if (length < 0 || static_cast<std::size_t>(length) >= size) continue;
     const int descriptor = mkstemp(name);
-    if (descriptor < 0)
-      continue;
+    if (descriptor < 0) continue;
     close(descriptor);
     return true;
   }

@@ -20,8 +20,7 @@ constexpr std::uint32_t kArchive = 32;
 
 // A folder is never shown as read-only: searches tell folders by the bare directory attribute.
 std::uint32_t Attributes(const struct stat& status) {
-  if (S_ISDIR(status.st_mode))
-    return kDirectory;
+  if (S_ISDIR(status.st_mode)) return kDirectory;
   const bool writable = (status.st_mode & (S_IWUSR | S_IWGRP | S_IWOTH)) != 0;
   return kArchive | (writable ? 0 : kReadOnly);
 }
@@ -41,8 +40,7 @@ struct DirectorySearch::State {
 
 DirectorySearch::DirectorySearch(const char* pattern) : state_(std::make_unique<State>()) {
   HostPath host;
-  if (!ToHostPath(pattern, &host))
-    return;
+  if (!ToHostPath(pattern, &host)) return;
   const char* slash = std::strrchr(host.text, '/');
   const char* name = slash == nullptr ? host.text : slash + 1;
   state_->folder.assign(static_cast<const char*>(host.text), name);
@@ -51,12 +49,10 @@ DirectorySearch::DirectorySearch(const char* pattern) : state_(std::make_unique<
     return;
   }
   DIR* folder = opendir(slash == nullptr ? "." : state_->folder.c_str());
-  if (folder == nullptr)
-    return;
+  if (folder == nullptr) return;
   try {
     while (const dirent* entry = readdir(folder)) {
-      if (MatchesPattern(entry->d_name, name))
-        state_->names.emplace_back(entry->d_name);
+      if (MatchesPattern(entry->d_name, name)) state_->names.emplace_back(entry->d_name);
     }
   } catch (...) {
     closedir(folder);
@@ -73,8 +69,7 @@ bool DirectorySearch::Next(FoundEntry* entry) {
     std::string& name = state_->names[state_->next++];
     struct stat status;
     // Gone since the folder was read, or a link to nothing: passed over.
-    if (stat((state_->folder + name).c_str(), &status) != 0)
-      continue;
+    if (stat((state_->folder + name).c_str(), &status) != 0) continue;
     entry->name = std::move(name);
     entry->size = S_ISDIR(status.st_mode) ? 0 : static_cast<std::uint32_t>(status.st_size);
     entry->attributes = Attributes(status);

@@ -18,8 +18,7 @@ static_assert(static_cast<int>(SeekOrigin::kEnd) == SEEK_END);
 
 FileHandle OpenFile(const char* path, int flags) {
   HostPath host;
-  if (!ToHostPath(path, &host))
-    return kNoFileHandle;
+  if (!ToHostPath(path, &host)) return kNoFileHandle;
   const int file = open(host.text, flags | O_CLOEXEC, 0666);
   struct stat status;
   if (file >= 0 && fstat(file, &status) == 0 && S_ISDIR(status.st_mode)) {
@@ -35,9 +34,7 @@ FileHandle HandleOpen(const char* path, FileAccess access) {
   return OpenFile(path, static_cast<int>(access));
 }
 
-FileHandle HandleCreate(const char* path) {
-  return OpenFile(path, O_WRONLY | O_CREAT | O_TRUNC);
-}
+FileHandle HandleCreate(const char* path) { return OpenFile(path, O_WRONLY | O_CREAT | O_TRUNC); }
 
 std::int32_t HandleRead(FileHandle file, void* buffer, std::uint32_t count) {
   return static_cast<std::int32_t>(read(file, buffer, count));
@@ -51,8 +48,6 @@ std::int64_t HandleSeek(FileHandle file, std::int64_t offset, SeekOrigin origin)
   return lseek(file, offset, static_cast<int>(origin));
 }
 
-bool HandleClose(FileHandle file) {
-  return close(file) == 0;
-}
+bool HandleClose(FileHandle file) { return close(file) == 0; }
 
 }  // namespace zeapi::platform

@@ -11,8 +11,7 @@ namespace {
 // Stores the first `length` characters of `text`; false and empty when they do not fit.
 bool Store(const char* text, std::size_t length, char* name, std::size_t size) {
   const bool fits = length < size;
-  if (fits)
-    std::memcpy(name, text, length);
+  if (fits) std::memcpy(name, text, length);
   name[fits ? length : 0] = '\0';
   return fits;
 }
@@ -24,11 +23,9 @@ bool Store(const char* text, std::size_t length, char* name, std::size_t size) {
 bool HostComputerName(char* name, std::size_t size) {
   constexpr std::size_t kLongest = 15;
   char host[256] = "";
-  if (gethostname(host, sizeof(host) - 1) != 0)
-    host[0] = '\0';
+  if (gethostname(host, sizeof(host) - 1) != 0) host[0] = '\0';
   std::size_t length = std::strcspn(host, ".");
-  if (length > kLongest)
-    length = kLongest;
+  if (length > kLongest) length = kLongest;
   return Store(host, length, name, size) && length > 0;
 }
 

@@ -4,16 +4,12 @@
 
 namespace zeapi::platform {
 
-Module ModuleLoad(const char* name) {
-  return dlopen(name, RTLD_NOW | RTLD_LOCAL);
-}
+Module ModuleLoad(const char* name) { return dlopen(name, RTLD_NOW | RTLD_LOCAL); }
 
 EntryPoint ModuleFind(Module module, const char* entryPoint) {
   return reinterpret_cast<EntryPoint>(dlsym(module, entryPoint));
 }
 
-void ModuleFree(Module module) {
-  dlclose(module);
-}
+void ModuleFree(Module module) { dlclose(module); }
 
 }  // namespace zeapi::platform

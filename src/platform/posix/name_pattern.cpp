@@ -9,18 +9,14 @@ namespace {
 
 // True when what is left of a pattern matches the end of a name.
 bool MatchesEnd(const char* pattern) {
-  if (*pattern == '.' && (pattern[1] == '\0' || pattern[1] == '*' || pattern[1] == '?'))
-    ++pattern;
-  while (*pattern == '*' || *pattern == '?')
-    ++pattern;
+  if (*pattern == '.' && (pattern[1] == '\0' || pattern[1] == '*' || pattern[1] == '?')) ++pattern;
+  while (*pattern == '*' || *pattern == '?') ++pattern;
   return *pattern == '\0';
 }
 
 }  // namespace
 
-bool HasWildcard(const char* pattern) {
-  return std::strpbrk(pattern, "*?") != nullptr;
-}
+bool HasWildcard(const char* pattern) { return std::strpbrk(pattern, "*?") != nullptr; }
 
 bool MatchesPattern(const char* name, const char* pattern) {
   const char* star = nullptr;   // the last "*" that was passed

@@ -70,11 +70,9 @@ bool CanBeQueueName(const char* name) {
 }  // namespace
 
 bool SpoolerOpen(const char* name, SpoolerHandle* printer) {
-  if (!CanBeQueueName(name))
-    return false;
+  if (!CanBeQueueName(name)) return false;
   Http http = Connect();
-  if (http == nullptr || !QueueExists(http.get(), name))
-    return false;
+  if (http == nullptr || !QueueExists(http.get(), name)) return false;
   Spooler& spooler = OpenPrinters();
   spooler.printers[spooler.next] = Printer{std::move(http), name, 0, false};
   *printer = spooler.next++;
@@ -83,13 +81,11 @@ bool SpoolerOpen(const char* name, SpoolerHandle* printer) {
 
 bool SpoolerStartDocument(SpoolerHandle handle, const char* documentName) {
   Printer* printer = OpenPrinters().Find(handle);
-  if (printer == nullptr)
-    return false;
+  if (printer == nullptr) return false;
   http_t* http = printer->http.get();
   const char* name = printer->name.c_str();
   printer->job = cupsCreateJob(http, name, documentName, 0, nullptr);
-  if (printer->job == 0)
-    return false;
+  if (printer->job == 0) return false;
   if (cupsStartDocument(http, name, printer->job, documentName, CUPS_FORMAT_RAW, 1) ==
       HTTP_STATUS_CONTINUE) {
     printer->inDocument = true;
@@ -101,11 +97,9 @@ bool SpoolerStartDocument(SpoolerHandle handle, const char* documentName) {
 
 std::uint32_t SpoolerWrite(SpoolerHandle handle, const void* data, std::uint32_t length) {
   Printer* printer = OpenPrinters().Find(handle);
-  if (printer == nullptr || !printer->inDocument)
-    return 0;
+  if (printer == nullptr || !printer->inDocument) return 0;
   // An empty block would end the document.
-  if (length == 0)
-    return 0;
+  if (length == 0) return 0;
   const http_status_t status =
       cupsWriteRequestData(printer->http.get(), static_cast<const char*>(data), length);
   return status == HTTP_STATUS_CONTINUE ? length : 0;
@@ -113,8 +107,7 @@ std::uint32_t SpoolerWrite(SpoolerHandle handle, const void* data, std::uint32_t
 
 void SpoolerEndDocument(SpoolerHandle handle) {
   Printer* printer = OpenPrinters().Find(handle);
-  if (printer == nullptr || !printer->inDocument)
-    return;
+  if (printer == nullptr || !printer->inDocument) return;
   cupsFinishDocument(printer->http.get(), printer->name.c_str());
   printer->inDocument = false;
 }
@@ -122,8 +115,7 @@ void SpoolerEndDocument(SpoolerHandle handle) {
 // A document that was not ended is abandoned with its job.
 void SpoolerClose(SpoolerHandle handle) {
   Printer* printer = OpenPrinters().Find(handle);
-  if (printer == nullptr)
-    return;
+  if (printer == nullptr) return;
   if (printer->inDocument) {
     printer->http.reset();
     cupsCancelJob2(CUPS_HTTP_DEFAULT, printer->name.c_str(), printer->job, 1);
@@ -131,8 +123,6 @@ void SpoolerClose(SpoolerHandle handle) {
   OpenPrinters().printers.erase(handle);
 }
 
-std::uint32_t SpoolerLastError() {
-  return static_cast<std::uint32_t>(cupsLastError());
-}
+std::uint32_t SpoolerLastError() { return static_cast<std::uint32_t>(cupsLastError()); }
 
 }  // namespace zeapi::platform

@@ -35,14 +35,12 @@ std::size_t Translate(TextReader* reader, char* text, std::size_t count) {
     std::memmove(out, in, plain);
     out += plain;
     in = stop;
-    if (in == end)
-      break;
+    if (in == end) break;
     if (in + 1 == end && !reader->ended) {
       reader->pendingReturn = true;
       break;
     }
-    if (in + 1 == end || in[1] != '\n')
-      *out++ = '\r';
+    if (in + 1 == end || in[1] != '\n') *out++ = '\r';
     ++in;
   }
   return static_cast<std::size_t>(out - text);
@@ -64,16 +62,14 @@ ssize_t ReadText(void* cookie, char* buffer, std::size_t size) {
       return 1;
     }
     const ssize_t count = read(reader->descriptor, buffer + kept, size - kept);
-    if (count < 0)
-      return -1;
+    if (count < 0) return -1;
     reader->pendingReturn = false;
     if (count == 0) {
       reader->ended = true;
       return static_cast<ssize_t>(kept);
     }
     const std::size_t left = Translate(reader, buffer, kept + static_cast<std::size_t>(count));
-    if (left > 0)
-      return static_cast<ssize_t>(left);
+    if (left > 0) return static_cast<ssize_t>(left);
   }
   return 0;
 }
@@ -84,8 +80,7 @@ int SeekText(void* cookie, off64_t* position, int whence) {
     errno = ESPIPE;
     return -1;
   }
-  if (lseek(reader->descriptor, 0, SEEK_SET) < 0)
-    return -1;
+  if (lseek(reader->descriptor, 0, SEEK_SET) < 0) return -1;
   reader->pendingReturn = false;
   reader->ended = false;
   return 0;
@@ -108,8 +103,7 @@ std::FILE* OpenTextReader(int descriptor) {
   }
   *reader = {descriptor, false, false};
   std::FILE* stream = fopencookie(reader, "r", {ReadText, nullptr, SeekText, CloseText});
-  if (stream == nullptr)
-    CloseText(reader);
+  if (stream == nullptr) CloseText(reader);
   return stream;
 }
 

@@ -17,42 +17,30 @@ constexpr int kReadable = 4;
 }  // namespace
 
 std::FILE* OpenStream(const char* path, const char* mode) {
-  if (path == nullptr || mode[0] == '\0')
-    return nullptr;
+  if (path == nullptr || mode[0] == '\0') return nullptr;
   return std::fopen(path, mode);
 }
 
-bool PathExists(const char* path) {
-  return _access(path, kExists) == 0;
-}
+bool PathExists(const char* path) { return _access(path, kExists) == 0; }
 
-bool PathReadable(const char* path) {
-  return _access(path, kReadable) == 0;
-}
+bool PathReadable(const char* path) { return _access(path, kReadable) == 0; }
 
 PathKind QueryPath(const char* path) {
   struct _stat64 status;
-  if (_stat64(path, &status) != 0)
-    return PathKind::kMissing;
+  if (_stat64(path, &status) != 0) return PathKind::kMissing;
   return (status.st_mode & _S_IFMT) == _S_IFREG ? PathKind::kRegularFile : PathKind::kOther;
 }
 
-bool MakeDirectory(const char* path) {
-  return _mkdir(path) == 0;
-}
+bool MakeDirectory(const char* path) { return _mkdir(path) == 0; }
 
-bool RemoveFile(const char* path) {
-  return std::remove(path) == 0;
-}
+bool RemoveFile(const char* path) { return std::remove(path) == 0; }
 
 bool TemporaryName(const char* directory, const char* prefix, char* name, std::size_t size) {
   char* found = _tempnam(directory, prefix);
-  if (found == nullptr)
-    return false;
+  if (found == nullptr) return false;
   const std::size_t length = std::strlen(found);
   const bool fits = length < size;
-  if (fits)
-    std::memcpy(name, found, length + 1);
+  if (fits) std::memcpy(name, found, length + 1);
   std::free(found);
   return fits;
 }

@@ -16,15 +16,12 @@ DirectorySearch::DirectorySearch(const char* pattern) : state_(std::make_unique<
 }
 
 DirectorySearch::~DirectorySearch() {
-  if (state_->search != INVALID_HANDLE_VALUE)
-    FindClose(state_->search);
+  if (state_->search != INVALID_HANDLE_VALUE) FindClose(state_->search);
 }
 
 bool DirectorySearch::Next(FoundEntry* entry) {
-  if (state_->search == INVALID_HANDLE_VALUE)
-    return false;
-  if (!state_->pending && !FindNextFileA(state_->search, &state_->entry))
-    return false;
+  if (state_->search == INVALID_HANDLE_VALUE) return false;
+  if (!state_->pending && !FindNextFileA(state_->search, &state_->entry)) return false;
   state_->pending = false;
   entry->name = state_->entry.cFileName;
   entry->size = state_->entry.nFileSizeLow;

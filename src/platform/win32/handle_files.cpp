@@ -5,9 +5,7 @@
 namespace zeapi::platform {
 namespace {
 
-HANDLE ToHandle(FileHandle file) {
-  return reinterpret_cast<HANDLE>(static_cast<INT_PTR>(file));
-}
+HANDLE ToHandle(FileHandle file) { return reinterpret_cast<HANDLE>(static_cast<INT_PTR>(file)); }
 
 }  // namespace
 
@@ -15,9 +13,7 @@ FileHandle HandleOpen(const char* path, FileAccess access) {
   return _lopen(path, static_cast<int>(access) | OF_SHARE_DENY_NONE);
 }
 
-FileHandle HandleCreate(const char* path) {
-  return _lcreat(path, 0);
-}
+FileHandle HandleCreate(const char* path) { return _lcreat(path, 0); }
 
 std::int32_t HandleRead(FileHandle file, void* buffer, std::uint32_t count) {
   return static_cast<std::int32_t>(_lread(file, buffer, count));
@@ -32,13 +28,11 @@ std::int64_t HandleSeek(FileHandle file, std::int64_t offset, SeekOrigin origin)
   LARGE_INTEGER distance;
   LARGE_INTEGER position;
   distance.QuadPart = offset;
-  if (!SetFilePointerEx(ToHandle(file), distance, &position, static_cast<DWORD>(origin)))
-    return -1;
+  if (!SetFilePointerEx(ToHandle(file), distance, &position, static_cast<DWORD>(origin))) return -1;
   return position.QuadPart;
 }
 
-bool HandleClose(FileHandle file) {
-  return _lclose(file) == 0;
-}
+// The number of no file is that of the process itself, whose closing succeeds.
+bool HandleClose(FileHandle file) { return file != kNoFileHandle && _lclose(file) == 0; }
 
 }  // namespace zeapi::platform

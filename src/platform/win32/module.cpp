@@ -4,9 +4,7 @@
 
 namespace zeapi::platform {
 
-Module ModuleLoad(const char* name) {
-  return LoadLibraryA(name);
-}
+Module ModuleLoad(const char* name) { return LoadLibraryA(name); }
 
 EntryPoint ModuleFind(Module module, const char* entryPoint) {
   // GetProcAddress has one type for every function; the cast through void* says that this is meant.
@@ -14,8 +12,6 @@ EntryPoint ModuleFind(Module module, const char* entryPoint) {
       reinterpret_cast<void*>(GetProcAddress(static_cast<HMODULE>(module), entryPoint)));
 }
 
-void ModuleFree(Module module) {
-  FreeLibrary(static_cast<HMODULE>(module));
-}
+void ModuleFree(Module module) { FreeLibrary(static_cast<HMODULE>(module)); }
 
 }  // namespace zeapi::platform

@@ -6,16 +6,13 @@
 namespace zeapi::platform {
 namespace {
 
-HANDLE ToHandle(SpoolerHandle printer) {
-  return reinterpret_cast<HANDLE>(printer);
-}
+HANDLE ToHandle(SpoolerHandle printer) { return reinterpret_cast<HANDLE>(printer); }
 
 }  // namespace
 
 bool SpoolerOpen(const char* name, SpoolerHandle* printer) {
   HANDLE handle = nullptr;
-  if (!OpenPrinterA(const_cast<char*>(name), &handle, nullptr))
-    return false;
+  if (!OpenPrinterA(const_cast<char*>(name), &handle, nullptr)) return false;
   *printer = reinterpret_cast<SpoolerHandle>(handle);
   return true;
 }
@@ -32,16 +29,10 @@ std::uint32_t SpoolerWrite(SpoolerHandle printer, const void* data, std::uint32_
   return written;
 }
 
-void SpoolerEndDocument(SpoolerHandle printer) {
-  EndDocPrinter(ToHandle(printer));
-}
+void SpoolerEndDocument(SpoolerHandle printer) { EndDocPrinter(ToHandle(printer)); }
 
-void SpoolerClose(SpoolerHandle printer) {
-  ClosePrinter(ToHandle(printer));
-}
+void SpoolerClose(SpoolerHandle printer) { ClosePrinter(ToHandle(printer)); }
 
-std::uint32_t SpoolerLastError() {
-  return GetLastError();
-}
+std::uint32_t SpoolerLastError() { return GetLastError(); }
 
 }  // namespace zeapi::platform

@@ -1,0 +1,34 @@
+#include "base/text.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+namespace zeapi::testing {
+namespace {
+
+TEST(Text, LengthIsBounded) {
+  EXPECT_EQ(BoundedLength("abc", 10), 3U);
+  EXPECT_EQ(BoundedLength("abc", 3), 3U);
+  EXPECT_EQ(BoundedLength("abc", 2), 2U);
+  EXPECT_EQ(BoundedLength("", 5), 0U);
+  const std::vector<char> unterminated(4, 'x');
+  EXPECT_EQ(BoundedLength(unterminated.data(), 4), 4U);
+}
+
+TEST(Text, NamesHaveAtMost260Characters) {
+  EXPECT_FALSE(NameTooLong(""));
+  EXPECT_FALSE(NameTooLong(std::string(260, 'n').c_str()));
+  EXPECT_TRUE(NameTooLong(std::string(261, 'n').c_str()));
+}
+
+TEST(Text, UpperCaseIsThatOfAToZAlone) {
+  for (int c = 0; c < 256; ++c) {
+    const int expected = c >= 'a' && c <= 'z' ? c - 32 : c;
+    EXPECT_EQ(AsciiUpper(static_cast<char>(c)), static_cast<char>(expected)) << c;
+  }
+}
+
+}  // namespace
+}  // namespace zeapi::testing

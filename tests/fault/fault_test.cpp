@@ -1,0 +1,293 @@
+// Every export under every failure of the system and of memory, one at a time. Whatever fails: the
+// result is one of the call's codes, a job that reports success is whole, nothing stays open, and
+// the next call works.
+#include <cstring>
+#include <functional>
+#include <set>
+
+#include "fault/injector.h"
+#include "support/job.h"
+
+namespace zeapi::testing {
+namespace {
+
+namespace fs = std::filesystem;
+
+std::size_t OpenDescriptors() {
+  const fs::directory_iterator all("/proc/self/fd");
+  return static_cast<std::size_t>(std::distance(begin(all), end(all)));
+}
+
+std::uint32_t ZEAPI_CALL Shout(char* line, std::uint32_t) {
+  line[0] = '!';
+  return 0;
+}
+
+// One call to put under fire.
+struct Scenario {
+  std::function<void()> prepare;  // before each try
+  std::function<std::uint32_t()> call;
+  std::set<std::uint32_t> codes;       // what it may report besides success
+  std::function<void()> checkSuccess;  // what must hold after success
+};
+
+class FaultTest : public JobTest {
+ protected:
+  // Fails each of the scenario's calls in turn and prints how many there were.
+  void FailEachInTurn(const Scenario& scenario) {
+    int points = 0;
+    std::set<std::string> functions;
+    for (int failing = 1;; ++failing) {
+      Reset(scenario);
+      const std::size_t before = OpenDescriptors();
+      ArmFault(failing);
+      const std::uint32_t result = scenario.call();
+      DisarmFault();
+      const std::string failed = FailedFunction();
+      if (failed.empty()) {
+        EXPECT_EQ(result, ZE_OK);
+        break;
+      }
+      ++points;
+      functions.insert(failed);
+      SCOPED_TRACE("failure " + std::to_string(failing) + ", of " + failed);
+      EXPECT_TRUE(result == ZE_OK || scenario.codes.count(result) != 0) << "result " << result;
+      if (result == ZE_OK) scenario.checkSuccess();
+      EXPECT_EQ(OpenDescriptors(), before);
+      EXPECT_EQ(Bidi().loaded, 0);
+
+      Reset(scenario);
+      EXPECT_EQ(scenario.call(), ZE_OK);
+      scenario.checkSuccess();
+      if (HasFailure()) break;
+    }
+    std::printf("  %d points of failure in %zu functions\n", points, functions.size());
+    EXPECT_GT(points, 0);
+  }
+
+ private:
+  void Reset(const Scenario& scenario) {
+    fs::remove(kOutput);
+    ResetSpooler();
+    ResetBidi();
+    scenario.prepare();
+  }
+};
+
+const std::set<std::uint32_t> kFileJobCodes = {ZE_FILE_NOT_FOUND, ZE_OPEN_FAILED, ZE_READ_FAILED,
+                                               ZE_WRITE_FAILED, ZE_OUT_OF_MEMORY};
+const std::set<std::uint32_t> kCopyCodes = {ZE_FILE_NOT_FOUND, ZE_ACCESS_DENIED, ZE_DISK_FULL,
+                                            ZE_COPY_FAILED, ZE_OUT_OF_MEMORY};
+
+std::set<std::uint32_t> CopyCodesAnd(const std::set<std::uint32_t>& more) {
+  std::set<std::uint32_t> codes = kCopyCodes;
+  codes.insert(more.begin(), more.end());
+  return codes;
+}
+
+TEST_F(FaultTest, SendFileToAFile) {
+  destination.flags = ZE_FLAG_PJL;
+  destination.jobName = "Letter";
+  destination.language = ZE_LANGUAGE_PCL;
+  destination.copies = 2;
+  const std::string data(3000, 'd');
+  FailEachInTurn({[&] { WriteFile("input", data); },
+                  [&] { return ZeDatSendFile("input", kOutput, &destination, 0); }, kFileJobCodes,
+                  [&] {
+                    EXPECT_BYTES(Job(),
+                                 "\x1B%-12345X@PJL RDYMSG DISPLAY = \"Letter\"\n"
+                                 "@PJL ENTER LANGUAGE = PCL\n@PJL SET COPIES = 2\n" +
+                                     data +
+                                     "\x1B%-12345X@PJL RDYMSG DISPLAY = \"\"\n@PJL RESET\n"
+                                     "\x1B%-12345X");
+                  }});
+}
+
+TEST_F(FaultTest, SendStringToAPrinter) {
+  destination.flags = ZE_FLAG_PJL;
+  FailEachInTurn({[&] { UsePrinter(); },
+                  [&] { return ZeDatSendString("$text", kOutput, &destination, 0); },
+                  {ZE_OUT_OF_MEMORY},
+                  [&] {
+                    EXPECT_BYTES(Spooler().data,
+                                 "\x1B%-12345Xtext\x1B%-12345X@PJL RDYMSG DISPLAY = \"\"\n"
+                                 "\x1B%-12345X");
+                  }});
+}
+
+TEST_F(FaultTest, SendHexStringToTheDll) {
+  FailEachInTurn({[&] { UseBidi(); },
+                  [&] { return ZeDatSendString("4142", kOutput, &destination, 0); },
+                  {ZE_OUT_OF_MEMORY},
+                  [&] { EXPECT_BYTES(Bidi().data, "AB"); }});
+}
+
+TEST_F(FaultTest, ResourceToAFile) {
+  FailEachInTurn({[] {}, [&] { return ZeGenResource(4, kOutput, &destination, 1); }, kFileJobCodes,
+                  [&] { EXPECT_BYTES(Job(), Bytes("\x1B[K\x03\0\x06\xC0\x50")); }});
+}
+
+TEST_F(FaultTest, Copy) {
+  FailEachInTurn({[&] {
+                    WriteFile("source", "content");
+                    WriteFile("copy", "old");
+                  },
+                  [] { return ZeFilCopy("source", "copy"); }, kCopyCodes,
+                  [] { EXPECT_BYTES(ReadFile("copy"), "content"); }});
+}
+
+TEST_F(FaultTest, CopyThatFailsLeavesNoNewFile) {
+  WriteFile("source", "content");
+  for (int failing = 1;; ++failing) {
+    fs::remove("copy");
+    ArmFault(failing);
+    const std::uint32_t result = ZeFilCopy("source", "copy");
+    DisarmFault();
+    if (FailedFunction().empty()) break;
+    if (result == ZE_OK || FailedFunction() == "unlink") continue;
+    EXPECT_FALSE(fs::exists("copy")) << FailedFunction();
+  }
+}
+
+TEST_F(FaultTest, Backup) {
+  static char name[ZE_MAX_NAME + 1];
+  FailEachInTurn({[&] {
+                    for (const auto& entry : fs::directory_iterator(".")) fs::remove(entry);
+                    WriteFile("panel.cfg", "content");
+                  },
+                  [] { return ZeFilBackup("panel.cfg", name); },
+                  CopyCodesAnd({ZE_BAD_FORMAT, ZE_SHARING_VIOLATION}),
+                  [] { EXPECT_BYTES(ReadFile("panel.001"), "content"); }});
+}
+
+TEST_F(FaultTest, Modify) {
+  FailEachInTurn({[&] { WriteFile("text", "one\r\ntwo\r\n"); },
+                  [] { return ZeFilModify("text", 0, Shout); },
+                  CopyCodesAnd({ZE_OPEN_FAILED, ZE_CLOSE_FAILED, ZE_READ_FAILED, ZE_WRITE_FAILED,
+                                ZE_UNUSABLE}),
+                  [] { EXPECT_BYTES(ReadFile("text"), "!ne\n!wo\n"); }});
+}
+
+// Only the last step, the copy over the source, may leave the source changed.
+TEST_F(FaultTest, ModifyThatFailsBeforeTheCopyLeavesTheFile) {
+  const std::string text = "one\ntwo\n";
+  const std::set<std::uint32_t> beforeCopy = {ZE_OPEN_FAILED,  ZE_CLOSE_FAILED, ZE_READ_FAILED,
+                                              ZE_WRITE_FAILED, ZE_UNUSABLE,     ZE_OUT_OF_MEMORY};
+  for (int failing = 1;; ++failing) {
+    WriteFile("text", text);
+    ArmFault(failing);
+    const std::uint32_t result = ZeFilModify("text", 0, Shout);
+    DisarmFault();
+    if (FailedFunction().empty()) break;
+    if (beforeCopy.count(result) == 0) continue;
+    EXPECT_EQ(ReadFile("text"), text) << FailedFunction();
+  }
+}
+
+TEST_F(FaultTest, MakePath) {
+  static char created[ZE_MAX_NAME + 1];
+  const std::string path = OnDriveC("a\\b\\c");
+  FailEachInTurn({[&] { fs::remove_all(UnderDriveC("a")); },
+                  [&] { return ZeFilMakePath(path.c_str(), created); },
+                  {ZE_UNUSABLE},
+                  [&] { EXPECT_TRUE(fs::is_directory(UnderDriveC("a/b/c"))); }});
+}
+
+TEST_F(FaultTest, MakePathKeepsAndListsWhatWasMadeBeforeTheFailure) {
+  char created[ZE_MAX_NAME + 1];
+  const std::string path = OnDriveC("a\\b\\c");
+  bool stoppedHalfway = false;
+  for (int failing = 1;; ++failing) {
+    fs::remove_all(UnderDriveC("a"));
+    ArmFault(failing);
+    const std::uint32_t result = ZeFilMakePath(path.c_str(), created);
+    DisarmFault();
+    if (FailedFunction().empty()) break;
+    if (result == ZE_OK) continue;
+    std::string expected;
+    if (fs::exists(UnderDriveC("a"))) expected += "\\a";
+    if (fs::exists(UnderDriveC("a/b"))) expected += "\\b";
+    EXPECT_EQ(created, expected);
+    stoppedHalfway |= expected == "\\a\\b";
+  }
+  EXPECT_TRUE(stoppedHalfway);
+}
+
+TEST_F(FaultTest, Checksum) {
+  static std::uint16_t sum;
+  FailEachInTurn({[&] { WriteFile("data", Bytes("\1\0\2\0")); },
+                  [] { return ZeFilChecksum("data", 0, 0, &sum); },
+                  {ZE_OPEN_FAILED, ZE_CLOSE_FAILED, ZE_READ_FAILED, 8},
+                  [] { EXPECT_EQ(sum, 65533); }});
+}
+
+TEST_F(FaultTest, SizeAndExistenceAreZeroWhenTheSystemDoesNotTell) {
+  WriteFile("file.txt", "12345");
+  for (int failing = 1;; ++failing) {
+    ArmFault(failing);
+    const std::uint32_t size = ZeFilQuerySize("*.txt");
+    const std::uint32_t exists = ZeFilExists("file.txt");
+    DisarmFault();
+    EXPECT_TRUE(size == 5 || size == 0) << size;
+    EXPECT_LE(exists, 1U);
+    if (FailedFunction().empty()) break;
+  }
+}
+
+// The log is opened, written and closed for each line; each of these may fail without a trace.
+TEST_F(FaultTest, LogThatFailsHalfwayChangesNothing) {
+  ArmFault(0);
+  ASSERT_EQ(ZeGenResource(4, kOutput, &destination, 1), ZE_OK);
+  DisarmFault();
+  const int calls = CountedCalls();
+  const std::string whole = Job();
+  int harmless = 0;
+  for (int failing = 1; failing <= calls; ++failing) {
+    fs::remove(kOutput);
+    ArmFault(failing);
+    const std::uint32_t result = ZeGenResource(4, kOutput, &destination, 1);
+    DisarmFault();
+    if (result != ZE_OK) continue;
+    ++harmless;
+    EXPECT_BYTES(Job(), whole);
+  }
+  EXPECT_GT(harmless, 20);
+}
+
+// --- A disk that is full from some write on
+
+TEST_F(FaultTest, FullDiskGivesWriteFailed) {
+  destination.flags = ZE_FLAG_PJL;
+  EXPECT_EQ(ZeDatSendString("$text", "/dev/full", &destination, 0), ZE_WRITE_FAILED);
+  EXPECT_EQ(LogLines(), (FileOpenLines() +
+                         std::vector<std::string>{
+                             ".\\ZeQue (1569): +GenQueWrite", ".\\ZeQue (1597): fwrite",
+                             ".\\ZeQue (1600): fwrite FAILED!", ".\\ZeQue (1761): -GenQueWrite"} +
+                         FileCloseLines()));
+}
+
+TEST_F(FaultTest, EveryWriteOfAFileJobFailingInTurnStopsItThere) {
+  WriteFile("input", std::string(5000, 'd'));
+  destination.flags = ZE_FLAG_PJL;
+  destination.jobName = "Letter";
+  for (const char* function : {"fwrite", "fflush"}) {
+    int failures = 0;
+    for (int failing = 1;; ++failing) {
+      fs::remove(LogFile());
+      ArmFault(failing);
+      const std::uint32_t result = ZeDatSendFile("input", kOutput, &destination, 0);
+      DisarmFault();
+      if (FailedFunction().empty()) break;
+      if (FailedFunction() != function) continue;
+      ++failures;
+      EXPECT_EQ(result, ZE_WRITE_FAILED);
+      const std::vector<std::string> lines = LogLines();
+      EXPECT_EQ(std::count(lines.begin(), lines.end(), ".\\ZeQue (1600): fwrite FAILED!"), 1);
+      EXPECT_EQ(lines.back(), ".\\ZeQue (1509): -GenQueClose");
+    }
+    EXPECT_EQ(failures, 9) << function;  // 2 of the header, 3 blocks, 4 of the trailer
+  }
+}
+
+}  // namespace
+}  // namespace zeapi::testing

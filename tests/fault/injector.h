@@ -1,0 +1,21 @@
+// Makes the nth call of a system function or allocation fail.
+#pragma once
+
+#include <string>
+
+namespace zeapi::testing {
+
+// From here on every call that can fail is counted, and the one with this number (from 1) fails; 0:
+// none does, they are only counted.
+void ArmFault(int failing);
+
+// Ends the counting.
+void DisarmFault();
+
+// Calls counted since the fault was armed.
+int CountedCalls();
+
+// Name of the function that was made to fail; empty when the count did not get there.
+std::string FailedFunction();
+
+}  // namespace zeapi::testing

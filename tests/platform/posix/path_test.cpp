@@ -1,0 +1,88 @@
+#include "platform/posix/path.h"
+
+#include <cstdlib>
+
+#include "support/scratch.h"
+
+namespace zeapi::testing {
+namespace {
+
+namespace fs = std::filesystem;
+using platform::HostPath;
+
+class PathTest : public ScratchTest {
+ protected:
+  static std::string Mapped(const std::string& path) {
+    HostPath host;
+    return platform::ToHostPath(path.c_str(), &host) ? host.text : "(none)";
+  }
+  std::string Drive(const std::string& rest) const {
+    return (folder() / "drives").string() + "/" + rest;
+  }
+};
+
+TEST_F(PathTest, BackslashesBecomeSlashes) {
+  EXPECT_EQ(Mapped("a\\b/c"), "a/b/c");
+  EXPECT_EQ(Mapped("\\a\\b"), "/a/b");
+  EXPECT_EQ(Mapped("\\\\server\\share"), "//server/share");
+}
+
+TEST_F(PathTest, DrivesAreFoldersOfTheVariable) {
+  EXPECT_EQ(Mapped("c:\\x.log"), Drive("c//x.log"));
+  EXPECT_EQ(Mapped("C:\\x.log"), Drive("c//x.log"));
+  EXPECT_EQ(Mapped("q:x"), Drive("q/x"));
+  EXPECT_EQ(Mapped("c:"), Drive("c/"));
+}
+
+TEST_F(PathTest, WithoutTheVariableNoDriveExists) {
+  unsetenv("ZEAPI_DRIVES");
+  EXPECT_EQ(Mapped("c:\\x.log"), "(none)");
+  setenv("ZEAPI_DRIVES", "", 1);
+  EXPECT_EQ(Mapped("c:\\x.log"), "(none)");
+  EXPECT_EQ(Mapped("x.log"), "x.log");
+  setenv("ZEAPI_DRIVES", (folder() / "drives").c_str(), 1);
+}
+
+TEST_F(PathTest, ColonElsewhereIsNoDrive) {
+  EXPECT_EQ(Mapped("1:\\x"), "1:/x");
+  EXPECT_EQ(Mapped("ab:x"), "ab:x");
+}
+
+TEST_F(PathTest, EmptyAndOverlongPathsHaveNoPlace) {
+  EXPECT_EQ(Mapped(""), "(none)");
+  EXPECT_EQ(Mapped(std::string(5000, 'x')), "(none)");
+  EXPECT_EQ(Mapped("c:" + std::string(4090, 'x')), "(none)");
+  HostPath host;
+  EXPECT_FALSE(platform::ToHostPath(nullptr, &host));
+}
+
+TEST_F(PathTest, OverlongVariableHasNoDrive) {
+  setenv("ZEAPI_DRIVES", std::string(5000, 'd').c_str(), 1);
+  EXPECT_EQ(Mapped("c:x"), "(none)");
+  setenv("ZEAPI_DRIVES", (folder() / "drives").c_str(), 1);
+}
+
+TEST_F(PathTest, ExactNameGoesBeforeAnyOtherCase) {
+  WriteFile("name", "");
+  WriteFile("NAME", "");
+  EXPECT_EQ(Mapped("name"), "name");
+  EXPECT_EQ(Mapped("NAME"), "NAME");
+}
+
+TEST_F(PathTest, MissingComponentsStayAsWritten) {
+  fs::create_directory("Folder");
+  EXPECT_EQ(Mapped("FOLDER\\New\\Name"), "Folder/New/Name");
+  EXPECT_EQ(Mapped("FOLDER\\\\New"), "Folder//New");
+  EXPECT_EQ(Mapped("FOLDER\\"), "Folder/");
+}
+
+TEST_F(PathTest, CaseIsMatchedBelowADriveAndBelowTheRoot) {
+  fs::create_directory(UnderDriveC("Sub"));
+  EXPECT_EQ(Mapped(OnDriveC("SUB")), Drive("c//") + folder().filename().string() + "/Sub");
+  WriteFile("File", "");
+  const std::string absolute = fs::absolute("FILE").string();
+  EXPECT_EQ(Mapped(absolute), fs::absolute("File").string());
+}
+
+}  // namespace
+}  // namespace zeapi::testing
