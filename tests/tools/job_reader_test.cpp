@@ -11,9 +11,7 @@ using testing::IsEmpty;
 using tool::test::EventsOf;
 using namespace std::string_view_literals;
 
-TEST(JobReader, FindsNothingInAnEmptyJob) {
-  EXPECT_THAT(EventsOf(""), IsEmpty());
-}
+TEST(JobReader, FindsNothingInAnEmptyJob) { EXPECT_THAT(EventsOf(""), IsEmpty()); }
 
 TEST(JobReader, ReadsFramingOfAStorageRequest) {
   EXPECT_THAT(

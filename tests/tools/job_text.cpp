@@ -17,13 +17,10 @@ std::vector<std::string> EventsOf(std::string_view job) {
     line += ' ';
     line += std::to_string(event.length);
     for (const std::string& word : {event.text, event.value}) {
-      if (!word.empty())
-        line += " " + word;
+      if (!word.empty()) line += " " + word;
     }
-    if (event.continued)
-      line += " +";
-    if (event.missing > 0)
-      line += " !" + std::to_string(event.missing);
+    if (event.continued) line += " +";
+    if (event.missing > 0) line += " !" + std::to_string(event.missing);
     lines.push_back(line);
   }
   return lines;

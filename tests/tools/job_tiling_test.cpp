@@ -64,8 +64,7 @@ std::string RandomJob(Random& random) {
   std::string job;
   for (std::size_t count = random.Below(30); count > 0; --count)
     job += kFragments[random.Below(std::size(kFragments))];
-  if (job.empty())
-    return job;
+  if (job.empty()) return job;
   for (std::size_t count = random.Below(4); count > 0; --count)
     job[random.Below(job.size())] = random.Byte();
   job.resize(job.size() - random.Below(std::min<std::size_t>(job.size(), 8)));
@@ -98,8 +97,7 @@ TEST(JobTiling, HoldsForDamagedJobs) {
 
 TEST(JobTiling, HoldsForEveryBeginningOfAJob) {
   std::string job;
-  for (const std::string_view fragment : kFragments)
-    job += fragment;
+  for (const std::string_view fragment : kFragments) job += fragment;
   for (std::size_t length = 0; length <= job.size() && !testing::Test::HasFatalFailure(); ++length)
     ExpectTiled(job.substr(0, length));
 }
@@ -111,10 +109,8 @@ TEST(JobTiling, LeavesTheListingPrintableWhateverTheBytes) {
     const std::vector<JobEvent> events = ReadJob(job);
     std::ostringstream out;
     PrintJob(out, job, events, i % 2 == 0);
-    for (const char c : out.str())
-      ASSERT_TRUE(c == '\n' || (c >= ' ' && c <= '~')) << out.str();
-    for (const JobEvent& event : events)
-      ASSERT_NO_THROW(EventToJson(event, job).dump());
+    for (const char c : out.str()) ASSERT_TRUE(c == '\n' || (c >= ' ' && c <= '~')) << out.str();
+    for (const JobEvent& event : events) ASSERT_NO_THROW(EventToJson(event, job).dump());
   }
 }
 

@@ -39,8 +39,7 @@ CLI::Validator OneOf(std::span<const Choice> choices) {
 std::string NamesOf(std::span<const Choice> choices) {
   std::string names;
   for (const Choice& choice : choices) {
-    if (!names.empty())
-      names += &choice == &choices.back() ? " or " : ", ";
+    if (!names.empty()) names += &choice == &choices.back() ? " or " : ", ";
     names += choice.name;
   }
   return names;
@@ -48,8 +47,7 @@ std::string NamesOf(std::span<const Choice> choices) {
 
 std::string NameOf(std::span<const Choice> choices, std::int32_t value) {
   for (const Choice& choice : choices) {
-    if (choice.value == value)
-      return choice.name;
+    if (choice.value == value) return choice.name;
   }
   return "";
 }

@@ -10,8 +10,7 @@ constexpr AddFamily kFamilies[] = {
 }  // namespace
 
 void AddCommands(CLI::App& program, Session& session) {
-  for (const AddFamily add : kFamilies)
-    add(program, session);
+  for (const AddFamily add : kFamilies) add(program, session);
 }
 
 }  // namespace tool

@@ -9,8 +9,7 @@ namespace {
 bool Replace(const LineEdit& edit, const char* line, char (&result)[kLineBuffer]) noexcept {
   std::size_t length = 0;
   const auto append = [&](const char* text, std::size_t size) {
-    if (length + size >= kLineBuffer)
-      return false;
+    if (length + size >= kLineBuffer) return false;
     std::memcpy(result + length, text, size);
     length += size;
     result[length] = '\0';
@@ -18,8 +17,7 @@ bool Replace(const LineEdit& edit, const char* line, char (&result)[kLineBuffer]
   };
   for (;;) {
     const char* found = std::strstr(line, edit.find.c_str());
-    if (found == nullptr)
-      return append(line, std::strlen(line));
+    if (found == nullptr) return append(line, std::strlen(line));
     if (!append(line, static_cast<std::size_t>(found - line)) ||
         !append(edit.replace.data(), edit.replace.size()))
       return false;
@@ -35,8 +33,7 @@ void EditLine(LineEdit& edit, char* line) noexcept {
     line[0] = '\0';
     return;
   }
-  if (edit.find.empty() || std::strstr(line, edit.find.c_str()) == nullptr)
-    return;
+  if (edit.find.empty() || std::strstr(line, edit.find.c_str()) == nullptr) return;
   char result[kLineBuffer];
   if (!Replace(edit, line, result)) {
     ++edit.tooLong;

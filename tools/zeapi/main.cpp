@@ -3,6 +3,4 @@
 
 #include "program.h"
 
-int main(int argc, char** argv) {
-  return tool::RunProgram(argc, argv, std::cout, std::cerr);
-}
+int main(int argc, char** argv) { return tool::RunProgram(argc, argv, std::cout, std::cerr); }

@@ -47,10 +47,8 @@ void AddPrinterOptions(CLI::App& command, PrinterOptions& options) {
 
 ZeDestination ToDestination(const PrinterOptions& options) {
   ZeDestination destination = {};
-  if (options.pjl)
-    destination.flags |= ZE_FLAG_PJL;
-  if (options.bracketK)
-    destination.flags |= ZE_FLAG_BRACKET_K;
+  if (options.pjl) destination.flags |= ZE_FLAG_PJL;
+  if (options.bracketK) destination.flags |= ZE_FLAG_BRACKET_K;
   destination.deviceClass = options.deviceClass;
   destination.language = options.language;
   destination.copies = options.copies;

@@ -61,8 +61,7 @@ int RunProgram(int count, const char* const* arguments, std::ostream& out, std::
   try {
     Session session(out, err);
     const int exitCode = Run(count, arguments, session);
-    if (out.flush())
-      return exitCode;
+    if (out.flush()) return exitCode;
     err << "zeapi: standard output cannot be written\n";
     return kExitInternal;
   } catch (const std::bad_alloc&) {

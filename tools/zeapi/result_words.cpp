@@ -36,8 +36,7 @@ constexpr Words kWords[] = {
 
 std::string ResultWords(std::uint32_t result) {
   for (const Words& words : kWords) {
-    if (words.result == result)
-      return words.text;
+    if (words.result == result) return words.text;
   }
   return "an unknown result";
 }

@@ -6,16 +6,14 @@ namespace {
 constexpr std::string_view kHexDigits = "0123456789ABCDEF";
 
 int DigitValue(char c) {
-  if (c >= 'a' && c <= 'f')
-    c = static_cast<char>(c - 'a' + 'A');
+  if (c >= 'a' && c <= 'f') c = static_cast<char>(c - 'a' + 'A');
   const auto at = kHexDigits.find(c);
   return at == std::string_view::npos ? -1 : static_cast<int>(at);
 }
 
 // The byte that two digits at `at` spell; -1 when there are no two digits.
 int ByteAt(std::string_view text, std::size_t at) {
-  if (at + 2 > text.size())
-    return -1;
+  if (at + 2 > text.size()) return -1;
   const int high = DigitValue(text[at]);
   const int low = DigitValue(text[at + 1]);
   return high < 0 || low < 0 ? -1 : high * 16 + low;
@@ -61,16 +59,14 @@ std::string BytesOfEscapes(std::string_view text) {
     at += 2;
     if (letter == 'x') {
       const int byte = ByteAt(text, at);
-      if (byte < 0)
-        throw BadText("\"\\x\" needs two hexadecimal digits");
+      if (byte < 0) throw BadText("\"\\x\" needs two hexadecimal digits");
       bytes += static_cast<char>(byte);
       at += 2;
       continue;
     }
     const Escape* known = nullptr;
     for (const Escape& escape : kEscapes) {
-      if (escape.letter == letter)
-        known = &escape;
+      if (escape.letter == letter) known = &escape;
     }
     if (known == nullptr)
       throw BadText("\"" + std::string(sequence) + "\" is no escape; there are " +

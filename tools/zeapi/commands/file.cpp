@@ -65,8 +65,7 @@ Report Backup(const FileOptions& options) {
   report.result = ZeFilBackup(options.path.c_str(), name.data());
   report.done = "Backed up " + options.path + " as " + name.data() + ".";
   report.cannot = "back up " + options.path;
-  if (report.result == ZE_OK)
-    report.fields["backup"] = name.data();
+  if (report.result == ZE_OK) report.fields["backup"] = name.data();
   return report;
 }
 
@@ -78,8 +77,7 @@ Report Checksum(const FileOptions& options) {
   std::snprintf(text.data(), text.size(), "%u (0x%04X)", checksum, checksum);
   report.done = text.data();
   report.cannot = "checksum " + options.path;
-  if (report.result == ZE_OK)
-    report.fields["checksum"] = checksum;
+  if (report.result == ZE_OK) report.fields["checksum"] = checksum;
   return report;
 }
 
@@ -116,8 +114,7 @@ std::uint32_t ZEAPI_CALL EditInForce(char* line, std::uint32_t) {
 
 Report Modify(const FileOptions& options) {
   LineEdit edit = options.edit;
-  if (edit.drop.empty() && edit.find.empty())
-    throw CLI::RequiredError("--drop or --find");
+  if (edit.drop.empty() && edit.find.empty()) throw CLI::RequiredError("--drop or --find");
   Report report = ReportOn("modify", options);
   editInForce = &edit;
   report.result = ZeFilModify(options.path.c_str(), 0, EditInForce);

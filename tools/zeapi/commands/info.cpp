@@ -14,8 +14,7 @@ struct InfoOptions {
 std::string WordsText(const ZeApiInfo& info) {
   std::string text;
   for (std::size_t i = 0; i < std::size(info.words); ++i) {
-    if (info.words[i] != 0)
-      text += " " + std::to_string(i) + "=" + std::to_string(info.words[i]);
+    if (info.words[i] != 0) text += " " + std::to_string(i) + "=" + std::to_string(info.words[i]);
   }
   return text;
 }

@@ -20,8 +20,7 @@ bool NeedsDevice(std::int32_t request) {
 }
 
 void Resource(const ResourceOptions& options, Session& session) {
-  if (NeedsDevice(options.request) && !options.device)
-    throw CLI::RequiredError("--device");
+  if (NeedsDevice(options.request) && !options.device) throw CLI::RequiredError("--device");
   // The library checks the device of every request, used or not.
   const std::int32_t device = options.device.value_or(ZE_DEVICE_RAM);
   const ZeDestination destination = ToDestination(options.to);
@@ -32,8 +31,7 @@ void Resource(const ResourceOptions& options, Session& session) {
   report.done = "Sent the request \"" + request + "\" to " + options.to.printer + ".";
   report.cannot = "send the request \"" + request + "\" to " + options.to.printer;
   report.fields = {{"request", request}, {"printer", options.to.printer}};
-  if (options.device)
-    report.fields["device"] = NameOf(kDevices, device);
+  if (options.device) report.fields["device"] = NameOf(kDevices, device);
   session.Finish(report);
 }
 

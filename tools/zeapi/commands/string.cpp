@@ -19,13 +19,10 @@ struct StringOptions {
 
 // The text in the form that the library takes.
 std::string LibraryText(const StringOptions& options) {
-  if (options.raw)
-    return options.text;
+  if (options.raw) return options.text;
   try {
-    if (options.hex)
-      return HexOfBytes(BytesOfHex(options.text));
-    if (options.escaped)
-      return HexOfBytes(BytesOfEscapes(options.text));
+    if (options.hex) return HexOfBytes(BytesOfHex(options.text));
+    if (options.escaped) return HexOfBytes(BytesOfEscapes(options.text));
   } catch (const BadText& bad) {
     throw CLI::ValidationError("TEXT", bad.what());
   }

@@ -41,8 +41,7 @@ std::string BracketKMeaning(std::span<const std::uint8_t> bytes) {
   constexpr std::size_t kHeader = 5;
   const auto parameters = bytes.subspan(std::min(kHeader, bytes.size()));
   for (const BracketK& command : BracketKCommands()) {
-    if (std::ranges::equal(command.parameters, parameters))
-      return command.meaning;
+    if (std::ranges::equal(command.parameters, parameters)) return command.meaning;
   }
   if (parameters.size() == 3 && parameters[0] == 0x06) {
     for (const SelectedLanguage& language : kSelectedLanguages) {

@@ -25,8 +25,7 @@ std::string Readable(std::uint8_t byte) {
       break;
   }
   const char c = static_cast<char>(byte);
-  if (byte >= ' ' && byte <= '~')
-    return std::string(1, c);
+  if (byte >= ' ' && byte <= '~') return std::string(1, c);
   return "\\x" + HexOfBytes(std::string_view(&c, 1));
 }
 
@@ -36,8 +35,7 @@ std::string Excerpt(std::span<const std::uint8_t> bytes, std::size_t limit) {
   std::string text;
   for (const std::uint8_t byte : bytes) {
     const std::string readable = Readable(byte);
-    if (text.size() + readable.size() > limit)
-      return text + "...";
+    if (text.size() + readable.size() > limit) return text + "...";
     text += readable;
   }
   return text;

@@ -30,8 +30,7 @@ std::string Quoted(const JobEvent& event, std::span<const std::uint8_t> job) {
 }
 
 std::string Padded(std::string text, std::size_t width) {
-  if (text.size() < width)
-    text.resize(width, ' ');
+  if (text.size() < width) text.resize(width, ' ');
   return text;
 }
 
@@ -63,8 +62,7 @@ std::string EventText(const JobEvent& event, std::span<const std::uint8_t> job) 
     const std::string meaning = Meaning(event, BytesOf(event, job));
     text = meaning.empty() ? command : Padded(command, kCommandColumn) + meaning;
   }
-  if (event.missing > 0)
-    text += "  (the file ends " + Bytes(event.missing) + " early)";
+  if (event.missing > 0) text += "  (the file ends " + Bytes(event.missing) + " early)";
   return text;
 }
 
@@ -90,10 +88,8 @@ std::string_view GroupOf(const JobEvent& event) {
 void AddCommand(Series& series, const JobEvent& event) {
   ++series.commands;
   const PclCommand* command = FindPclCommand(event.text);
-  if (command == nullptr)
-    return;
-  if (!command->payload.empty())
-    ++series.announcements;
+  if (command == nullptr) return;
+  if (!command->payload.empty()) ++series.announcements;
   if (series.meanings.find(command->meaning) == std::string::npos) {
     series.meanings += series.meanings.empty() ? "" : ", ";
     series.meanings += command->meaning;
@@ -129,8 +125,7 @@ std::string SeriesText(const JobEvent& first, const Series& series) {
 std::vector<JobEvent> ReadJob(std::span<const std::uint8_t> job) {
   std::vector<JobEvent> events;
   JobReader reader(job);
-  while (auto event = reader.Next())
-    events.push_back(std::move(*event));
+  while (auto event = reader.Next()) events.push_back(std::move(*event));
   return events;
 }
 
@@ -159,8 +154,7 @@ nlohmann::ordered_json EventToJson(const JobEvent& event, std::span<const std::u
   nlohmann::ordered_json json = {
       {"offset", event.offset}, {"length", event.length}, {"kind", KindName(event.kind)}};
   const std::string command = CommandText(event);
-  if (!command.empty())
-    json["command"] = command;
+  if (!command.empty()) json["command"] = command;
   if (event.kind == JobEventKind::kPcl) {
     json["value"] = event.value;
     json["continued"] = event.continued;
@@ -169,13 +163,11 @@ nlohmann::ordered_json EventToJson(const JobEvent& event, std::span<const std::u
     json["language"] = Printable(event.text);
   } else if (event.kind != JobEventKind::kPjl) {
     const std::string meaning = Meaning(event, BytesOf(event, job));
-    if (!meaning.empty())
-      json["meaning"] = meaning;
+    if (!meaning.empty()) json["meaning"] = meaning;
   }
   if (command.empty() || event.kind == JobEventKind::kBracketK)
     json["excerpt"] = Excerpt(BytesOf(event, job), kExcerpt);
-  if (event.missing > 0)
-    json["missing"] = event.missing;
+  if (event.missing > 0) json["missing"] = event.missing;
   return json;
 }
 

@@ -15,39 +15,24 @@ constexpr std::string_view kPjlPrefix = "@PJL";
 // A value of more characters is no value: no printer has a use for it.
 constexpr std::size_t kLongestValue = 32;
 
-bool IsBetween(int byte, int first, int last) {
-  return byte >= first && byte <= last;
-}
+bool IsBetween(int byte, int first, int last) { return byte >= first && byte <= last; }
 
-bool IsDigit(int byte) {
-  return IsBetween(byte, '0', '9');
-}
+bool IsDigit(int byte) { return IsBetween(byte, '0', '9'); }
 
 // The characters after ESC that begin a command with a value.
-bool IsParameterised(int byte) {
-  return IsBetween(byte, '!', '/');
-}
+bool IsParameterised(int byte) { return IsBetween(byte, '!', '/'); }
 
-bool IsGroup(int byte) {
-  return IsBetween(byte, '`', '~');
-}
+bool IsGroup(int byte) { return IsBetween(byte, '`', '~'); }
 
 // The character that ends a command, or that ends this part and lets another follow.
-bool EndsCommand(int byte) {
-  return IsBetween(byte, '@', '^');
-}
+bool EndsCommand(int byte) { return IsBetween(byte, '@', '^'); }
 
-bool EndsPart(int byte) {
-  return IsBetween(byte, '`', '~');
-}
+bool EndsPart(int byte) { return IsBetween(byte, '`', '~'); }
 
-bool IsText(int byte) {
-  return IsBetween(byte, ' ', '~') || IsBetween(byte, '\b', '\r');
-}
+bool IsText(int byte) { return IsBetween(byte, ' ', '~') || IsBetween(byte, '\b', '\r'); }
 
 bool BeginsPjl(const Bytes& job, std::size_t at) {
-  if (!job.StartsWith(at, kPjlPrefix))
-    return false;
+  if (!job.StartsWith(at, kPjlPrefix)) return false;
   const int next = job.At(at + kPjlPrefix.size());
   return next == -1 || next == ' ' || next == '\t' || next == '\r' || next == '\n';
 }
@@ -55,14 +40,11 @@ bool BeginsPjl(const Bytes& job, std::size_t at) {
 std::size_t ValueLength(const Bytes& job, std::size_t at) {
   const std::size_t start = at;
   const std::size_t limit = start + kLongestValue;
-  if (job.At(at) == '+' || job.At(at) == '-')
-    ++at;
-  while (at < limit && IsDigit(job.At(at)))
-    ++at;
+  if (job.At(at) == '+' || job.At(at) == '-') ++at;
+  while (at < limit && IsDigit(job.At(at))) ++at;
   if (job.At(at) == '.') {
     ++at;
-    while (at < limit && IsDigit(job.At(at)))
-      ++at;
+    while (at < limit && IsDigit(job.At(at))) ++at;
   }
   return at - start;
 }
@@ -77,8 +59,7 @@ std::uint32_t CountOf(const std::string& value) {
   std::uint32_t count = 0;
   const char* first = value.data();
   const char* last = first + value.size();
-  if (first != last && *first == '+')
-    ++first;
+  if (first != last && *first == '+') ++first;
   const auto [end, error] = std::from_chars(first, last, count);
   return error == std::errc::result_out_of_range ? UINT32_MAX : count;
 }
@@ -94,10 +75,8 @@ std::string Words(std::string_view line, std::size_t count) {
       continue;
     }
     if (blank || c == '=' || (!words.empty() && words.back() == '=')) {
-      if (taken++ == count)
-        break;
-      if (!words.empty())
-        words += ' ';
+      if (taken++ == count) break;
+      if (!words.empty()) words += ' ';
     }
     blank = false;
     words += IsBetween(c, 'a', 'z') ? static_cast<char>(c - 'a' + 'A') : c;
@@ -127,22 +106,15 @@ constexpr Signature kSignatures[] = {{"%!", "POSTSCRIPT"}, {") HP-PCL XL;", "PCL
 }  // namespace
 
 std::optional<JobEvent> JobReader::Next() {
-  if (at_ >= job_.Size())
-    return std::nullopt;
-  if (auto event = ReadAnnounced())
-    return event;
-  if (!pclGroup_.empty() && BeginsPart(job_, at_))
-    return ReadPclPart(at_, true);
+  if (at_ >= job_.Size()) return std::nullopt;
+  if (auto event = ReadAnnounced()) return event;
+  if (!pclGroup_.empty() && BeginsPart(job_, at_)) return ReadPclPart(at_, true);
   pclGroup_.clear();
-  if (lineStart_ && BeginsPjl(job_, at_))
-    return ReadPjlLine();
-  if (auto event = ReadForeignLanguage())
-    return event;
-  if (job_.At(at_) == kEsc)
-    return ReadEscape();
+  if (lineStart_ && BeginsPjl(job_, at_)) return ReadPjlLine();
+  if (auto event = ReadForeignLanguage()) return event;
+  if (job_.At(at_) == kEsc) return ReadEscape();
   dataStart_ = false;
-  if (job_.At(at_) == kFormFeed)
-    return Take(JobEventKind::kFormFeed, 1);
+  if (job_.At(at_) == kFormFeed) return Take(JobEventKind::kFormFeed, 1);
   return ReadRun();
 }
 
@@ -151,11 +123,9 @@ std::optional<JobEvent> JobReader::ReadAnnounced() {
   if (!fileEnd_.empty()) {
     const std::size_t length = job_.Find(at_, fileEnd_) - at_;
     fileEnd_ = {};
-    if (length > 0)
-      return Take(JobEventKind::kPayload, length, "file");
+    if (length > 0) return Take(JobEventKind::kPayload, length, "file");
   }
-  if (announced_ == 0)
-    return std::nullopt;
+  if (announced_ == 0) return std::nullopt;
   const std::size_t length = std::min(announced_, job_.Size() - at_);
   JobEvent event = Take(JobEventKind::kPayload, length, announcedName_);
   event.missing = announced_ - length;
@@ -167,29 +137,23 @@ std::optional<JobEvent> JobReader::ReadAnnounced() {
 std::optional<JobEvent> JobReader::ReadForeignLanguage() {
   if (dataStart_ && foreign_.empty()) {
     for (const Signature& signature : kSignatures) {
-      if (job_.StartsWith(at_, signature.bytes))
-        foreign_ = signature.language;
+      if (job_.StartsWith(at_, signature.bytes)) foreign_ = signature.language;
     }
   }
-  if (foreign_.empty())
-    return std::nullopt;
+  if (foreign_.empty()) return std::nullopt;
   const std::string language = std::move(foreign_);
   foreign_.clear();
   const std::size_t length = job_.Find(at_, kUniversalExit) - at_;
-  if (length == 0)
-    return std::nullopt;
+  if (length == 0) return std::nullopt;
   return Take(JobEventKind::kLanguageData, length, language);
 }
 
 JobEvent JobReader::ReadPjlLine() {
   std::size_t end = at_;
-  while (end < job_.Size() && job_.At(end) != '\n' && job_.At(end) != kEsc)
-    ++end;
+  while (end < job_.Size() && job_.At(end) != '\n' && job_.At(end) != kEsc) ++end;
   std::string line = job_.Text(at_, end - at_);
-  if (job_.At(end) == '\n')
-    ++end;
-  while (!line.empty() && line.back() == '\r')
-    line.pop_back();
+  if (job_.At(end) == '\n') ++end;
+  while (!line.empty() && line.back() == '\r') line.pop_back();
   FollowPjl(line);
   return Take(JobEventKind::kPjl, end - at_, std::move(line));
 }
@@ -204,8 +168,7 @@ void JobReader::FollowPjl(const std::string& line) {
     foreign_ = language == "PCL" || language == "PPDS" ? "" : language;
   }
   for (const FileCommand& command : kFileCommands) {
-    if (Words(line, 2) == command.words)
-      fileEnd_ = command.end;
+    if (Words(line, 2) == command.words) fileEnd_ = command.end;
   }
 }
 
@@ -216,14 +179,11 @@ JobEvent JobReader::ReadEscape() {
   }
   dataStart_ = false;
   const int first = job_.At(at_ + 1);
-  if (IsParameterised(first))
-    return ReadPcl();
-  if (!IsBetween(first, '0', '~'))
-    return Take(JobEventKind::kDamaged, 1);
+  if (IsParameterised(first)) return ReadPcl();
+  if (!IsBetween(first, '0', '~')) return Take(JobEventKind::kDamaged, 1);
   if (first != '[' || !IsBetween(job_.At(at_ + 2), 'A', 'z'))
     return Take(JobEventKind::kEscape, 2, job_.Text(at_ + 1, 1));
-  if (job_.At(at_ + 2) != 'K')
-    return Take(JobEventKind::kEscape, 3, job_.Text(at_ + 1, 2));
+  if (job_.At(at_ + 2) != 'K') return Take(JobEventKind::kEscape, 3, job_.Text(at_ + 1, 2));
   return ReadBracketK();
 }
 
@@ -241,8 +201,7 @@ JobEvent JobReader::ReadPclPart(std::size_t start, bool continued) {
   const std::size_t valueLength = ValueLength(job_, start);
   const std::size_t end = start + valueLength;
   const int last = job_.At(end);
-  if (!EndsCommand(last) && !EndsPart(last))
-    return Take(JobEventKind::kDamaged, end - at_);
+  if (!EndsCommand(last) && !EndsPart(last)) return Take(JobEventKind::kDamaged, end - at_);
   const char letter = static_cast<char>(last >= '`' ? last - 'a' + 'A' : last);
   JobEvent event = Take(JobEventKind::kPcl, end + 1 - at_, group + letter);
   event.value = job_.Text(start, valueLength);
@@ -250,15 +209,13 @@ JobEvent JobReader::ReadPclPart(std::size_t start, bool continued) {
   if (const PclCommand* command = FindPclCommand(event.text);
       command != nullptr && !command->payload.empty())
     Announce(CountOf(event.value), std::string(command->payload));
-  if (EndsPart(last))
-    pclGroup_ = group;
+  if (EndsPart(last)) pclGroup_ = group;
   return event;
 }
 
 JobEvent JobReader::ReadBracketK() {
   constexpr std::size_t kHeader = 5;  // ESC [ K and the count, low byte first
-  if (job_.At(at_ + 4) < 0)
-    return Take(JobEventKind::kDamaged, job_.Size() - at_);
+  if (job_.At(at_ + 4) < 0) return Take(JobEventKind::kDamaged, job_.Size() - at_);
   const auto low = static_cast<std::size_t>(job_.At(at_ + 3));
   const auto high = static_cast<std::size_t>(job_.At(at_ + 4));
   const std::size_t announced = kHeader + low + high * 256;

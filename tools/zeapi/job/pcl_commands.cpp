@@ -136,16 +136,14 @@ constexpr Escape kEscapes[] = {
 
 const PclCommand* FindPclCommand(std::string_view command) {
   for (const PclCommand& known : kPclCommands) {
-    if (known.command == command)
-      return &known;
+    if (known.command == command) return &known;
   }
   return nullptr;
 }
 
 std::string_view EscapeMeaning(std::string_view characters) {
   for (const Escape& escape : kEscapes) {
-    if (escape.characters == characters)
-      return escape.meaning;
+    if (escape.characters == characters) return escape.meaning;
   }
   return "";
 }
