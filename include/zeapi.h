@@ -216,7 +216,7 @@ ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeGenQueryQueues(uint32_t a, uint32_t b, void* 
  * Asks `VELBCE.DLL` how a printer is connected.
  * @param printer  printer value as that DLL knows it.
  * @return a type mask, not a result code: 2048, 32, 4 or 2; 0 when the DLL or its entry point is
- * not there or it names none of these.
+ *         not there or it names none of these.
  */
 ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeNetGetType(uint32_t printer) ZEAPI_NOEXCEPT;
 
@@ -259,7 +259,7 @@ ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeDatSendFile(const char* fileName, const char*
  *
  * Copies and the bracket-K bit are not used, and the trailer does not reset the printer.
  * @return as ZeDatSendFile(); ZE_INVALID_ARGUMENT also for an odd number of digits or a pair that
- * is not hexadecimal, in which case nothing is sent.
+ *         is not hexadecimal, in which case nothing is sent.
  */
 ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeDatSendString(const char* text, const char* printerName,
                                                  const ZeDestination* destination,
@@ -274,8 +274,7 @@ ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeFilExists(const char* path) ZEAPI_NOEXCEPT;
 
 /**
  * @param path  may hold the wildcards `*` and `?` in its last component.
- * @return the size in bytes (its low 32 bits) of the first entry that matches; 0 when there is
- * none.
+ * @return the size in bytes (its low 32 bits) of the first entry that matches; 0 for none.
  */
 ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeFilQuerySize(const char* path) ZEAPI_NOEXCEPT;
 
@@ -293,8 +292,8 @@ ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeFilCopy(const char* source,
  * the extension).
  * @param backupName  receives the chosen name; room for ZE_MAX_NAME + 1 bytes.
  * @return ZE_OK; ZE_INVALID_ARGUMENT (null `backupName`); ZE_BAD_FORMAT when the source is not
- * there or a backup name would be longer than ZE_MAX_NAME; ZE_NO_BACKUP_NAME; or a code of
- *         ZeFilCopy().
+ *         there or a backup name would be longer than ZE_MAX_NAME; ZE_NO_BACKUP_NAME; or a code
+ *         of ZeFilCopy().
  */
 ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeFilBackup(const char* source, char* backupName) ZEAPI_NOEXCEPT;
 
@@ -311,8 +310,8 @@ ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeFilModify(const char* path, uint32_t value,
 
 /**
  * Creates every missing directory of a path; the last component is a directory too.
- * @param path     begins with a drive (`c:\a\b`) or a server (`\\server\share\a`) and does not end
- * in a separator; at most ZE_MAX_NAME characters.
+ * @param path     begins with a drive (`c:\a\b`) or a server (`\\server\share\a`); its last
+ *                 component has a name before its last dot; at most ZE_MAX_NAME characters.
  * @param created  null, or receives the directories that were made, each after a `\`; room for as
  *                 many bytes as `path` has.
  * @return ZE_OK; ZE_UNUSABLE for any other path, for a component that is a regular file and for a
@@ -326,9 +325,9 @@ ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeFilMakePath(const char* path, char* created) 
  * there is none).
  * @param path    file to open; null or empty: `handle` is used.
  * @param handle  open file handle (`_lopen`; elsewhere a file descriptor), read from its start. It
- * is closed when `path` is empty but not null.
+ *                is closed when `path` is empty but not null.
  * @param skip    1-based number of a word to leave out, 0 for none (low 16 bits). In files longer
- * than 65535 words the skip repeats every 65536 words.
+ *                than 65535 words the skip repeats every 65536 words.
  * @param result  receives the checksum.
  * @return ZE_OK; ZE_INVALID_ARGUMENT (no path and no handle, or null `result`); ZE_OPEN_FAILED;
  *         ZE_CLOSE_FAILED; ZE_READ_FAILED. `result` is left alone by the first two failures.

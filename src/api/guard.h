@@ -9,7 +9,7 @@
 namespace zeapi {
 
 // Runs the body of an exported call. Whatever it throws ends here: a caller may not be built with
-// exceptions at all. Nothing but lack of memory is ever thrown; `failure` is the call's word for
+// exceptions at all. The library itself throws for lack of memory alone; `failure` is the call's word for
 // it.
 template <typename Body, typename Failure>
 auto Guarded(Failure failure, Body body) noexcept -> std::invoke_result_t<Body> {

@@ -14,16 +14,12 @@ Result SendResourceRequest(int request, const char* printerName, const ZeDestina
   const Result opened = GenQueOpen(printerName, &ctx);
   if (opened != ZE_OK) return opened;
 
-  if (TakesPjl(ctx)) {
-    PjlJobHeader(&ctx, false);
-    if (QueueFailed(&ctx)) return ctx.error;
-  }
+  PjlJobHeader(&ctx, false);
+  if (QueueFailed(&ctx)) return ctx.error;
   PjlResourceCommand(request, &ctx);
   if (QueueFailed(&ctx)) return ctx.error;
-  if (TakesPjl(ctx)) {
-    PjlJobTrailer(&ctx, false);
-    if (QueueFailed(&ctx)) return ctx.error;
-  }
+  PjlJobTrailer(&ctx, false);
+  if (QueueFailed(&ctx)) return ctx.error;
   GenQueClose(&ctx);
   return ZE_OK;
 }

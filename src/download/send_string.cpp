@@ -67,17 +67,14 @@ Result SendDataString(const DecodedString& data, const char* printerName,
   const Result opened = GenQueOpen(printerName, &ctx);
   if (opened != ZE_OK) return opened;
 
-  if (TakesPjl(ctx)) {
-    PjlJobHeader(&ctx, false);
-    if (QueueFailed(&ctx)) return ctx.error;
-  }
+  PjlJobHeader(&ctx, false);
+  if (QueueFailed(&ctx)) return ctx.error;
   GenQueWrite(data.bytes.get(), data.length, &ctx);
-  if (ctx.error == ZE_OK && TakesPjl(ctx)) {
-    PjlJobTrailer(&ctx, false);
-    if (QueueFailed(&ctx)) return ctx.error;
-  }
+  if (QueueFailed(&ctx)) return ctx.error;
+  PjlJobTrailer(&ctx, false);
+  if (QueueFailed(&ctx)) return ctx.error;
   GenQueClose(&ctx);
-  return ctx.error;
+  return ZE_OK;
 }
 
 }  // namespace zeapi

@@ -15,13 +15,14 @@ class WordSum {
 
   // Takes an even number of bytes.
   void AddWords(const std::uint8_t* bytes, std::uint32_t count) {
-    std::uint32_t low = 0;
-    std::uint32_t high = 0;
-    for (std::uint32_t i = 0; i + 1 < count; i += 2) {
-      low += bytes[i];
-      high += bytes[i + 1];
+    // Sums of 16 bits are all that counts, and make the widest vectors of the loop.
+    std::uint16_t low = 0;
+    std::uint16_t high = 0;
+    for (std::size_t i = 0; i < count / 2; ++i) {
+      low = static_cast<std::uint16_t>(low + bytes[2 * i]);
+      high = static_cast<std::uint16_t>(high + bytes[2 * i + 1]);
     }
-    sum_ -= low + (high << 8);
+    sum_ -= Word(low, high);
     // Word numbers are 16 bits wide, so in long files the skip comes again every 65536 words.
     if (skip_ != 0) {
       const std::uint32_t words = count / 2;
@@ -44,9 +45,7 @@ class WordSum {
   std::uint16_t value() const { return static_cast<std::uint16_t>(sum_); }
 
  private:
-  static std::uint32_t Word(std::uint8_t low, std::uint8_t high) {
-    return low | static_cast<std::uint32_t>(high) << 8;
-  }
+  static std::uint32_t Word(std::uint32_t low, std::uint32_t high) { return low + (high << 8); }
 
   std::uint16_t skip_;
   std::uint32_t sum_ = 0;    // its low 16 bits count

@@ -7,7 +7,7 @@
 
 namespace zeapi {
 
-// Values of FilAccess::error. The first two of the interface's codes are shared.
+// Values of FilAccess::error: up to 7 they are the interface's own codes.
 enum FilError : std::uint32_t {
   kFilGood = 0,
   kFilOpenFailed = 3,

@@ -65,8 +65,9 @@ Result FilBackup(const char* source, char* backupName) {
   const std::size_t stem = parts.drive.size() + parts.directory.size() + parts.baseName.size();
   constexpr std::size_t kNumberLength = 4;  // ".001"
   if (stem + kNumberLength > ZE_MAX_NAME) return ZE_BAD_FORMAT;
+  std::memcpy(backupName, source, stem);
   for (int number = 1; number <= kBackupNumbers; ++number) {
-    std::snprintf(backupName, ZE_MAX_NAME + 1, "%.*s.%03d", static_cast<int>(stem), source, number);
+    std::snprintf(backupName + stem, kNumberLength + 1, ".%03d", number);
     if (!FilExists(backupName)) return FilCopy(source, backupName);
   }
   return ZE_NO_BACKUP_NAME;

@@ -97,11 +97,12 @@ std::uint32_t ClassifyConnection(const PrinterInfo& info) {
 
 Result OpenBidi(GenQueContext* ctx) {
   queue_log::Write(queue_log::kUseBidi);
-  library.module = platform::ModuleLoad(kLibraryName);
-  if (library.module == nullptr) {
+  const platform::Module loaded = platform::ModuleLoad(kLibraryName);
+  if (loaded == nullptr) {
     queue_log::Write(queue_log::kNoLibrary);
     return ZE_UNUSABLE;
   }
+  library.module = loaded;
   const Result result = OpenPortAndDocument(*ctx->destination);
   if (result != ZE_OK) {
     FreeLibraryAndEntryPoints();

@@ -5,17 +5,32 @@
 namespace zeapi {
 namespace {
 
-constexpr std::uint8_t Digit(unsigned nibble) {
-  return static_cast<std::uint8_t>(nibble < 10 ? '0' + nibble : 'A' - 10 + nibble);
+constexpr std::uint8_t Digit(std::uint8_t nibble) {
+  return static_cast<std::uint8_t>(nibble + '0' + (nibble > 9 ? 'A' - '9' - 1 : 0));
 }
 
-// Bytes that are expanded at a time: a length that compilers turn into a few vector instructions.
-constexpr std::size_t kGroup = 16;
+constexpr std::uint8_t HighDigit(std::uint8_t byte) {
+  return Digit(static_cast<std::uint8_t>(byte >> 4));
+}
+
+constexpr std::uint8_t LowDigit(std::uint8_t byte) {
+  return Digit(static_cast<std::uint8_t>(byte & 0x0F));
+}
+
+// Bytes that are expanded at a time, by loops that compilers turn into vector instructions; of
+// shorter ones they make a long row of single steps instead.
+constexpr std::size_t kGroup = 64;
 
 void ExpandGroup(const std::uint8_t* bytes, std::uint8_t* digits) {
+  std::uint8_t high[kGroup];
+  std::uint8_t low[kGroup];
   for (std::size_t i = 0; i < kGroup; ++i) {
-    digits[2 * i] = Digit(bytes[i] >> 4);
-    digits[2 * i + 1] = Digit(bytes[i] & 0x0F);
+    high[i] = HighDigit(bytes[i]);
+    low[i] = LowDigit(bytes[i]);
+  }
+  for (std::size_t i = 0; i < kGroup; ++i) {
+    digits[2 * i] = high[i];
+    digits[2 * i + 1] = low[i];
   }
 }
 
@@ -25,9 +40,9 @@ void ExpandGroup(const std::uint8_t* bytes, std::uint8_t* digits) {
 void ExpandToHex(std::uint8_t* block, std::size_t count) {
   while (count % kGroup != 0) {
     --count;
-    const unsigned byte = block[count];
-    block[2 * count] = Digit(byte >> 4);
-    block[2 * count + 1] = Digit(byte & 0x0F);
+    const std::uint8_t byte = block[count];
+    block[2 * count] = HighDigit(byte);
+    block[2 * count + 1] = LowDigit(byte);
   }
   while (count > 0) {
     count -= kGroup;

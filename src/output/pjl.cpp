@@ -56,6 +56,7 @@ bool TakesBracketK(const GenQueContext& ctx) {
 }
 
 void PjlJobHeader(GenQueContext* ctx, bool withCopies) {
+  if (!TakesPjl(*ctx)) return;
   const ZeDestination& destination = *ctx->destination;
   WriteUniversalExit(ctx);
   if (QueueFailed(ctx)) return;
@@ -69,6 +70,7 @@ void PjlJobHeader(GenQueContext* ctx, bool withCopies) {
 }
 
 void PjlJobTrailer(GenQueContext* ctx, bool withReset) {
+  if (!TakesPjl(*ctx)) return;
   WriteUniversalExit(ctx);
   if (QueueFailed(ctx)) return;
   WriteCommand(ctx, pjl::kReadyMessage, "");

@@ -4,14 +4,15 @@
 
 #include <array>
 
+#include "base/compiler.h"
 #include "output/ZeQue.h"
 
 namespace zeapi {
 
 // Writes the formatted text, without its terminator, as one write. Texts are cut at 1023 bytes; no
 // command of the library comes near.
-void WriteCommand(GenQueContext* ctx, const char* format, ...)
-    __attribute__((format(printf, 2, 3)));
+ZEAPI_PRINTF_LIKE(2, 3)
+void WriteCommand(GenQueContext* ctx, const char* format, ...);
 
 // Writes a binary sequence as one write.
 template <std::size_t size>
@@ -23,11 +24,13 @@ void WriteSequence(GenQueContext* ctx, const std::array<std::uint8_t, size>& seq
 bool TakesPjl(const GenQueContext& ctx);
 bool TakesBracketK(const GenQueContext& ctx);
 
-// Universal exit, ready message with the job's name, switch to the job's language; with copies also
-// the copies command, which follows the switch on purpose.
+// The frame of a job for a printer that takes PJL; nothing for any other.
+//
+// Header: universal exit, ready message with the job's name, switch to the job's language; with copies
+// also the copies command, which follows the switch on purpose.
 void PjlJobHeader(GenQueContext* ctx, bool withCopies);
 
-// Universal exit, empty ready message, optionally a reset, universal exit.
+// Trailer: universal exit, empty ready message, optionally a reset, universal exit.
 void PjlJobTrailer(GenQueContext* ctx, bool withReset);
 
 // One storage request, ZE_RESOURCE_..., on the context's `device`. Requests 1 and 2 send the

@@ -21,9 +21,11 @@ class PjlTest : public JobTest {
     return Job();
   }
   std::string Header(bool withCopies) {
+    destination.flags = ZE_FLAG_PJL;
     return Built([&](GenQueContext* ctx) { PjlJobHeader(ctx, withCopies); });
   }
   std::string Trailer(bool withReset) {
+    destination.flags = ZE_FLAG_PJL;
     return Built([&](GenQueContext* ctx) { PjlJobTrailer(ctx, withReset); });
   }
   std::string Resource(int kind) {
@@ -102,7 +104,22 @@ TEST_F(PjlTest, CopiesAreLeftOutWhenZeroOrNotAskedFor) {
   EXPECT_BYTES(Header(false), kUniversalExit);
 }
 
+TEST_F(PjlTest, PrintersWithoutPjlGetNeitherHeaderNorTrailer) {
+  destination.jobName = "Job";
+  destination.language = ZE_LANGUAGE_PCL;
+  destination.copies = 2;
+  for (const std::uint32_t flags : {std::uint32_t{0}, std::uint32_t{ZE_FLAG_BRACKET_K}}) {
+    destination.flags = flags;
+    EXPECT_BYTES(Built([](GenQueContext* ctx) {
+                   PjlJobHeader(ctx, true);
+                   PjlJobTrailer(ctx, true);
+                 }),
+                 "");
+  }
+}
+
 TEST_F(PjlTest, HeaderStopsAtItsChecks) {
+  destination.flags = ZE_FLAG_PJL;
   destination.jobName = "Job";
   destination.language = ZE_LANGUAGE_PCL;
   destination.copies = 2;
@@ -115,6 +132,7 @@ TEST_F(PjlTest, HeaderStopsAtItsChecks) {
 }
 
 TEST_F(PjlTest, HeaderWithoutLanguageStopsAfterARefusedReadyMessageToo) {
+  destination.flags = ZE_FLAG_PJL;
   destination.jobName = "Job";
   destination.copies = 2;
   EXPECT_EQ(WithRefusedWrite(2, [](GenQueContext* ctx) { PjlJobHeader(ctx, true); }),
@@ -132,6 +150,7 @@ TEST_F(PjlTest, TrailerWithReset) {
 }
 
 TEST_F(PjlTest, TrailerStopsAtItsChecks) {
+  destination.flags = ZE_FLAG_PJL;
   const auto trailer = [](GenQueContext* ctx) { PjlJobTrailer(ctx, true); };
   EXPECT_EQ(WithRefusedWrite(1, trailer), std::pair(1, true));
   EXPECT_EQ(WithRefusedWrite(2, trailer), std::pair(2, true));
@@ -292,6 +311,7 @@ TEST_F(PjlTest, LanguageSelectWritesNothingAfterAnError) {
 // --- Commands
 
 TEST_F(PjlTest, EachCommandIsOneWriteWithoutTerminator) {
+  destination.flags = ZE_FLAG_PJL;
   UsePrinter();
   destination.jobName = "Fonts";
   destination.language = ZE_LANGUAGE_PCL;

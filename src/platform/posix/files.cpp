@@ -19,28 +19,48 @@ bool IsDirectory(int descriptor) {
   return fstat(descriptor, &status) == 0 && S_ISDIR(status.st_mode);
 }
 
-// Reading text goes through a translating stream; every other mode is the host's own.
-std::FILE* OpenForReading(const char* path, bool text) {
-  const int descriptor = open(path, O_RDONLY | O_CLOEXEC);
-  if (descriptor < 0) return nullptr;
-  if (IsDirectory(descriptor)) {
-    close(descriptor);
-    return nullptr;
+// What fopen would open with; -1 for a mode that it does not know.
+int OpenFlags(const char* mode) {
+  const bool both = std::strchr(mode, '+') != nullptr;
+  switch (mode[0]) {
+    case 'r':
+      return both ? O_RDWR : O_RDONLY;
+    case 'w':
+      return (both ? O_RDWR : O_WRONLY) | O_CREAT | O_TRUNC;
+    case 'a':
+      return (both ? O_RDWR : O_WRONLY) | O_CREAT | O_APPEND;
+    default:
+      return -1;
   }
-  if (text) return OpenTextReader(descriptor);
-  std::FILE* stream = fdopen(descriptor, "rb");
-  if (stream == nullptr) close(descriptor);
-  return stream;
+}
+
+// An existing file of the name as written is opened without asking for it first: the log does this
+// for every line. Only when there is none is another case looked for, and then a file made.
+int Open(const char* path, int flags) {
+  HostPath host;
+  if (!ToHostPathAsWritten(path, &host)) return -1;
+  const int descriptor = open(host.text, (flags & ~O_CREAT) | O_CLOEXEC);
+  if (descriptor >= 0 || errno != ENOENT) return descriptor;
+  MatchCase(&host);
+  return open(host.text, flags | O_CLOEXEC, 0666);
 }
 
 }  // namespace
 
+// Reading text goes through a translating stream; every other mode is the host's own.
 std::FILE* OpenStream(const char* path, const char* mode) {
-  HostPath host;
-  if (mode[0] == '\0' || !ToHostPath(path, &host)) return nullptr;
-  if (std::strcmp(mode, "r") == 0) return OpenForReading(host.text, true);
-  if (std::strcmp(mode, "rb") == 0) return OpenForReading(host.text, false);
-  return std::fopen(host.text, mode);
+  const int flags = OpenFlags(mode);
+  if (flags < 0) return nullptr;
+  const int descriptor = Open(path, flags);
+  if (descriptor < 0) return nullptr;
+  if (flags == O_RDONLY && IsDirectory(descriptor)) {
+    close(descriptor);
+    return nullptr;
+  }
+  if (std::strcmp(mode, "r") == 0) return OpenTextReader(descriptor);
+  std::FILE* stream = fdopen(descriptor, mode);
+  if (stream == nullptr) close(descriptor);
+  return stream;
 }
 
 bool PathExists(const char* path) {

@@ -4,7 +4,7 @@
 #include <strings.h>
 #include <sys/stat.h>
 
-#include <cstdio>
+#include <algorithm>
 #include <cstdlib>
 #include <cstring>
 
@@ -19,13 +19,16 @@ bool Exists(const char* path) {
 }
 
 // Writes "$ZEAPI_DRIVES/x/" for the drive letter; false without the variable or the room.
-bool WriteDrive(char letter, HostPath* host, std::size_t* length) {
+bool WriteDrive(char letter, HostPath* host) {
   const char* drives = std::getenv("ZEAPI_DRIVES");
   if (drives == nullptr || drives[0] == '\0') return false;
-  const int written =
-      std::snprintf(host->text, sizeof(host->text), "%s/%c/", drives, letter | 0x20);
-  if (written < 0 || static_cast<std::size_t>(written) >= sizeof(host->text)) return false;
-  *length = static_cast<std::size_t>(written);
+  const std::size_t length = std::strlen(drives);
+  if (length + 4 > sizeof(host->text)) return false;
+  char* end = std::copy_n(drives, length, host->text);
+  *end++ = '/';
+  *end++ = static_cast<char>(letter | 0x20);
+  *end++ = '/';
+  host->rest = static_cast<std::size_t>(end - host->text);
   return true;
 }
 
@@ -49,8 +52,11 @@ bool MatchComponent(HostPath* host, char* name) {
   return found;
 }
 
-// Corrects the case of each component as far as the path exists.
-void MatchCase(HostPath* host, char* rest) {
+}  // namespace
+
+// Corrects each component as far as the path exists.
+void MatchCase(HostPath* host) {
+  char* rest = host->text + host->rest;
   while (*rest != '\0') {
     while (*rest == '/') ++rest;
     char* end = rest + std::strcspn(rest, "/");
@@ -64,21 +70,22 @@ void MatchCase(HostPath* host, char* rest) {
   }
 }
 
-}  // namespace
-
-bool ToHostPath(const char* path, HostPath* host) {
+bool ToHostPathAsWritten(const char* path, HostPath* host) {
   if (path == nullptr || path[0] == '\0') return false;
-  std::size_t prefix = 0;
+  host->rest = 0;
   if (IsDriveLetter(path[0]) && path[1] == ':') {
-    if (!WriteDrive(path[0], host, &prefix)) return false;
+    if (!WriteDrive(path[0], host)) return false;
     path += 2;
   }
   const std::size_t length = std::strlen(path);
-  if (length >= sizeof(host->text) - prefix) return false;
-  for (std::size_t i = 0; i <= length; ++i) {
-    host->text[prefix + i] = path[i] == '\\' ? '/' : path[i];
-  }
-  if (!Exists(host->text)) MatchCase(host, host->text + prefix);
+  if (length >= sizeof(host->text) - host->rest) return false;
+  std::replace_copy(path, path + length + 1, host->text + host->rest, '\\', '/');
+  return true;
+}
+
+bool ToHostPath(const char* path, HostPath* host) {
+  if (!ToHostPathAsWritten(path, host)) return false;
+  if (!Exists(host->text)) MatchCase(host);
   return true;
 }
 

@@ -46,7 +46,9 @@ bool TemporaryName(const char* directory, const char* prefix, char* name, std::s
 }
 
 std::uint32_t CopyOver(const char* source, const char* destination) {
-  return CopyFileA(source, destination, FALSE) ? 0 : GetLastError();
+  if (CopyFileA(source, destination, FALSE)) return 0;
+  const DWORD error = GetLastError();
+  return error != ERROR_SUCCESS ? error : ERROR_GEN_FAILURE;
 }
 
 }  // namespace zeapi::platform

@@ -1,0 +1,40 @@
+#!/usr/bin/env python3
+"""Prints the results of zeapi_bench (JSON, from the file named) as a table with the goals."""
+import json
+import sys
+
+# Name of the benchmark, what the table calls subject and peer, the goal and its test.
+ROWS = [
+    ("SendStreamToFile/raw", "file to the file back end, raw", "its writes and log lines alone",
+     "1.15 or less", lambda ratio, rate: ratio <= 1.15),
+    ("SendStreamToFile/hexadecimal", "file to the file back end, hexadecimal",
+     "its writes and log lines alone", "1.15 or less", lambda ratio, rate: ratio <= 1.15),
+    ("HexText", "hexadecimal expansion", "plain loop over a table",
+     "1000 MB/s or more, or 0.25 or less", lambda ratio, rate: rate >= 1e9 or ratio <= 0.25),
+    ("Checksum", "checksum of a file", "reading the file", "1.50 or less",
+     lambda ratio, rate: ratio <= 1.5),
+]
+
+
+def find(benchmarks, name):
+    for run in benchmarks:
+        if run["name"].startswith(name + "/") and run.get("run_type") == "iteration":
+            if run.get("error_occurred"):
+                sys.exit(f"{name}: {run['error_message']}")
+            return run
+    sys.exit(f"{name} was not measured")
+
+
+def main():
+    with open(sys.argv[1], encoding="utf-8") as file:
+        benchmarks = json.load(file)["benchmarks"]
+    print("| subject | peer | MB/s | peer's MB/s | time / peer's | goal | |")
+    print("|---|---|---:|---:|---:|---|---|")
+    for name, subject, peer, goal, met in ROWS:
+        run = find(benchmarks, name)
+        ratio, rate = run["ratio"], run["subject"]
+        print(f"| {subject} | {peer} | {rate / 1e6:.0f} | {run['peer'] / 1e6:.0f} | {ratio:.2f} "
+              f"| {goal} | {'met' if met(ratio, rate) else 'missed'} |")
+
+
+main()

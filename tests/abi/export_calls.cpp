@@ -1,0 +1,35 @@
+#include "export_call.h"
+
+namespace {
+
+char buffer[1024];
+ZeApiInfo info;
+
+}  // namespace
+
+// A new export gets one line here, in alphabetical order.
+const std::vector<ExportCall>& ExportCalls() {
+  static const std::vector<ExportCall> calls = {
+      // clang-format off
+      //          export           bytes  answers              called with
+      EXPORT_CALL(ZeDatSendFile,      16, ZE_INVALID_ARGUMENT, nullptr, nullptr, nullptr, 0U),
+      EXPORT_CALL(ZeDatSendString,    16, ZE_INVALID_ARGUMENT, nullptr, nullptr, nullptr, 0U),
+      EXPORT_CALL(ZeFilBackup,         8, ZE_BAD_FORMAT,       "no such file", buffer),
+      EXPORT_CALL(ZeFilChecksum,      16, ZE_INVALID_ARGUMENT, nullptr, 0, 0U, nullptr),
+      EXPORT_CALL(ZeFilCopy,           8, ZE_FILE_NOT_FOUND,   "no such file", "copy"),
+      EXPORT_CALL(ZeFilExists,         4, 0U,                  "no such file"),
+      EXPORT_CALL(ZeFilMakePath,       8, ZE_UNUSABLE,         "", buffer),
+      EXPORT_CALL(ZeFilModify,        12, ZE_INVALID_ARGUMENT, "no such file", 0U, nullptr),
+      EXPORT_CALL(ZeFilQuerySize,      4, 0U,                  "no such file"),
+      EXPORT_CALL(ZeGenQueryAdapters, 16, ZE_OK,               0U, 0U, buffer, 1024U),
+      EXPORT_CALL(ZeGenQueryApiInfo,   4, Nothing{},           &info),
+      EXPORT_CALL(ZeGenQueryQueues,   16, ZE_OK,               0U, 0U, buffer, 1024U),
+      EXPORT_CALL(ZeGenResource,      16, ZE_INVALID_ARGUMENT, 0, nullptr, nullptr, 0),
+      EXPORT_CALL(ZeMemFree,           4, Nothing{},           nullptr),
+      EXPORT_CALL(ZeNetGetType,        4, 0U,                  1U),
+      EXPORT_CALL(ZeStrCpyFile,        8, buffer,              buffer, "c:\\folder\\name"),
+      EXPORT_CALL(ZeStrCpyPath,        8, buffer,              buffer, "c:\\folder\\name"),
+      // clang-format on
+  };
+  return calls;
+}

@@ -1,0 +1,16 @@
+#include "commands.h"
+
+namespace tool {
+namespace {
+
+constexpr AddFamily kFamilies[] = {
+    AddInfo, AddSend, AddString, AddResource, AddFile, AddJob,
+};
+
+}  // namespace
+
+void AddCommands(CLI::App& program, Session& session) {
+  for (const AddFamily add : kFamilies) add(program, session);
+}
+
+}  // namespace tool
