@@ -19,8 +19,7 @@ std::int64_t ReadAll(const char* path) {
   std::uint8_t block[kBlock];
   std::int64_t total = 0;
   while (const std::int32_t count = platform::HandleRead(file, block, kBlock)) {
-    if (count < 0)
-      break;
+    if (count < 0) break;
     total += count;
     benchmark::DoNotOptimize(block);
   }
@@ -40,8 +39,7 @@ void Checksum(benchmark::State& state) {
         whole &= FilChecksum(path.c_str(), 0, 0, &sum) == ZE_OK;
         benchmark::DoNotOptimize(sum);
       });
-  if (!whole)
-    state.SkipWithError("the file was not read to its end");
+  if (!whole) state.SkipWithError("the file was not read to its end");
 }
 BENCHMARK(Checksum)->UseManualTime()->Iterations(31)->Unit(benchmark::kMillisecond);
 

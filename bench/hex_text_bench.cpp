@@ -34,14 +34,12 @@ void Repeat(std::vector<std::uint8_t>* block, Expand expand) {
 
 void HexText(benchmark::State& state) {
   std::vector<std::uint8_t> subject(2 * kBlock);
-  for (std::size_t i = 0; i < kBlock; ++i)
-    subject[i] = static_cast<std::uint8_t>(i * 37);
+  for (std::size_t i = 0; i < kBlock; ++i) subject[i] = static_cast<std::uint8_t>(i * 37);
   std::vector<std::uint8_t> peer = subject;
   RunPaired(
       state, std::int64_t{kBlock} * kRounds, [&] { Repeat(&peer, ExpandByTable); },
       [&] { Repeat(&subject, ExpandToHex); });
-  if (subject != peer)
-    state.SkipWithError("the digits differ");
+  if (subject != peer) state.SkipWithError("the digits differ");
 }
 BENCHMARK(HexText)->UseManualTime()->Iterations(101)->Unit(benchmark::kMillisecond);
 

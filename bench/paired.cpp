@@ -38,8 +38,7 @@ void RunPaired(benchmark::State& state, std::int64_t bytes, const std::function<
     ratios.push_back(subjectTimes.back() / peerTimes.back());
     state.SetIterationTime(subjectTimes.back());
   }
-  if (ratios.empty())
-    return;
+  if (ratios.empty()) return;
   const auto size = static_cast<double>(bytes);
   state.counters["ratio"] = Median(ratios);
   state.counters["peer"] = size / Median(peerTimes);

@@ -40,8 +40,7 @@ Result Send(const std::string& source, const std::string& output, int encoding) 
   ctx.destination = &destination;
   const Stream file(std::fopen(source.c_str(), "rb"));
   const Result opened = GenQueOpen(output.c_str(), &ctx);
-  if (opened != ZE_OK)
-    return opened;
+  if (opened != ZE_OK) return opened;
   const Result result = SendStream(file.get(), &ctx, encoding);
   GenQueClose(&ctx);
   return result;
@@ -75,8 +74,7 @@ void SendStreamToFile(benchmark::State& state, int encoding) {
         sent &= static_cast<std::int64_t>(std::filesystem::file_size(output)) == outputSize;
         sent &= std::filesystem::exists(log);
       });
-  if (!sent)
-    state.SkipWithError("the file did not arrive, or no log was written");
+  if (!sent) state.SkipWithError("the file did not arrive, or no log was written");
 }
 
 BENCHMARK_CAPTURE(SendStreamToFile, raw, kRawBytes)

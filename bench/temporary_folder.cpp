@@ -11,8 +11,7 @@ namespace zeapi::bench {
 
 TemporaryFolder::TemporaryFolder()
     : path_(std::filesystem::temp_directory_path() / "zeapi-bench-XXXXXX") {
-  if (mkdtemp(path_.data()) == nullptr)
-    throw std::runtime_error("no temporary folder");
+  if (mkdtemp(path_.data()) == nullptr) throw std::runtime_error("no temporary folder");
 }
 
 TemporaryFolder::~TemporaryFolder() {
@@ -31,13 +30,11 @@ void WriteNoise(const std::string& path, std::int64_t size) {
   std::mt19937_64 random;
   std::array<std::uint64_t, 8192> block;
   for (std::int64_t left = size; left > 0; left -= static_cast<std::int64_t>(sizeof(block))) {
-    for (std::uint64_t& word : block)
-      word = random();
+    for (std::uint64_t& word : block) word = random();
     file.write(reinterpret_cast<const char*>(block.data()),
                std::min<std::streamsize>(left, sizeof(block)));
   }
-  if (!file.flush())
-    throw std::runtime_error("cannot write " + path);
+  if (!file.flush()) throw std::runtime_error("cannot write " + path);
 }
 
 }  // namespace zeapi::bench

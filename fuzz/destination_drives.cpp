@@ -21,8 +21,7 @@ DestinationDrives::DestinationDrives() : drives_("cdi") {
   fs::create_symlink("/dev/full", drives_.Folder("d") / "full");
   const fs::path bad = drives_.Folder("i") / "bad";
   fs::create_symlink("/proc/self/mem", bad);
-  if (access(bad.c_str(), R_OK) != 0)
-    fs::remove(bad);
+  if (access(bad.c_str(), R_OK) != 0) fs::remove(bad);
 }
 
 void DestinationDrives::Prepare(const Job& job) const {
@@ -33,31 +32,25 @@ void DestinationDrives::Prepare(const Job& job) const {
 
 void DestinationDrives::CleanUp() const {
   for (const std::string& name : NamesIn(drives_.Folder("d"))) {
-    if (name != "full")
-      fs::remove(drives_.Folder("d") / name);
+    if (name != "full") fs::remove(drives_.Folder("d") / name);
   }
   fs::remove(Log());
 }
 
-bool DestinationDrives::LogExists() const {
-  return fs::exists(Log());
-}
+bool DestinationDrives::LogExists() const { return fs::exists(Log()); }
 
 std::size_t DestinationDrives::PrinterFiles() const {
   return NamesIn(drives_.Folder("d")).size() - 1;
 }
 
-std::string DestinationDrives::Printed(const Job& job) const {
-  return ReadWhole(PrinterFile(job));
-}
+std::string DestinationDrives::Printed(const Job& job) const { return ReadWhole(PrinterFile(job)); }
 
 bool DestinationDrives::IsFull(const std::string& printer) const {
   return SameName(printer, "d:\\full");
 }
 
 bool DestinationDrives::IsFolder(const std::string& name) const {
-  if (name.empty())
-    return false;
+  if (name.empty()) return false;
   const std::string rest = name.substr(kDriveLength);
   return rest.empty() || rest == "." || rest == "..";
 }
@@ -78,8 +71,6 @@ fs::path DestinationDrives::PrinterFile(const Job& job) const {
   return drives_.Folder("d") / job.printer.substr(kDriveLength);
 }
 
-fs::path DestinationDrives::Log() const {
-  return drives_.Folder("c") / "zeapiw32.log";
-}
+fs::path DestinationDrives::Log() const { return drives_.Folder("c") / "zeapiw32.log"; }
 
 }  // namespace zeapi::fuzz

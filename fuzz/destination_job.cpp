@@ -21,13 +21,11 @@ int DigitValue(char c) {
 
 std::optional<std::string> FromHex(const std::string& text) {
   std::string bytes;
-  if (text.size() % 2 != 0)
-    return std::nullopt;
+  if (text.size() % 2 != 0) return std::nullopt;
   for (std::size_t i = 0; i < text.size(); i += 2) {
     const int high = DigitValue(text[i]);
     const int low = DigitValue(text[i + 1]);
-    if (high < 0 || low < 0)
-      return std::nullopt;
+    if (high < 0 || low < 0) return std::nullopt;
     bytes += static_cast<char>(16 * high + low);
   }
   return bytes;
@@ -96,8 +94,7 @@ Job ReadJob(Input input) {
 }
 
 bool Job::IsValid() const {
-  if (Has(kNullPrinter) || Has(kNullDestination))
-    return false;
+  if (Has(kNullPrinter) || Has(kNullDestination)) return false;
   if (call == kResource) {
     return printer.size() < ZE_MAX_NAME && request >= 1 && request <= 4 && device >= 1 &&
            device <= 5;
@@ -111,10 +108,8 @@ bool Job::IsValid() const {
 }
 
 std::optional<std::string> Job::FileName() const {
-  if (call == kSendFile)
-    return text;
-  if (call == kSendString && !text.empty() && text[0] == '%')
-    return text.substr(1);
+  if (call == kSendFile) return text;
+  if (call == kSendString && !text.empty() && text[0] == '%') return text.substr(1);
   return std::nullopt;
 }
 

@@ -36,8 +36,7 @@ std::uint16_t ChecksumByWords(std::string_view content, std::uint16_t skip) {
       word = static_cast<std::uint16_t>((word & 0xFF00) | low);
     }
     ++counter;
-    if (skip == 0 || skip != counter)
-      sum = static_cast<std::uint16_t>(sum - word);
+    if (skip == 0 || skip != counter) sum = static_cast<std::uint16_t>(sum - word);
   }
   return sum;
 }
@@ -49,9 +48,7 @@ std::string Repeated(std::string_view content, std::int64_t times) {
   return whole;
 }
 
-bool IsOpen(int handle) {
-  return fcntl(handle, F_GETFD) >= 0;
-}
+bool IsOpen(int handle) { return fcntl(handle, F_GETFD) >= 0; }
 
 struct Outcome {
   std::uint32_t code;
@@ -70,8 +67,7 @@ Outcome CallByHandle(const std::string& file, const char* path, std::uint32_t sk
   lseek(handle, 5, SEEK_SET);
   const Outcome outcome = Call(path, handle, skip);
   Check(IsOpen(handle) == (path == nullptr), "an empty path closes the handle, no path keeps it");
-  if (path == nullptr)
-    close(handle);
+  if (path == nullptr) close(handle);
   return outcome;
 }
 

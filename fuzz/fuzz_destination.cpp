@@ -49,20 +49,15 @@ std::uint32_t Run(const Job& job) {
 
 // The code of a job before the first byte is written; none when writing begins.
 std::optional<std::uint32_t> CodeBeforeWriting(const Job& job, const DestinationDrives& drives) {
-  if (!job.IsValid())
-    return ZE_INVALID_ARGUMENT;
+  if (!job.IsValid()) return ZE_INVALID_ARGUMENT;
   if (const std::optional<std::string> fileName = job.FileName()) {
-    if (!drives.FileExists(*fileName))
-      return ZE_FILE_NOT_FOUND;
-    if (drives.IsFolder(*fileName))
-      return ZE_OPEN_FAILED;
+    if (!drives.FileExists(*fileName)) return ZE_FILE_NOT_FOUND;
+    if (drives.IsFolder(*fileName)) return ZE_OPEN_FAILED;
   }
-  if (job.destination.bidiHandle != 0)
-    return ZE_UNUSABLE;
+  if (job.destination.bidiHandle != 0) return ZE_UNUSABLE;
   const bool spooled =
       spooler.mood == SpoolerMood::kAccepts || spooler.mood == SpoolerMood::kRefusesWrite;
-  if (!spooled && !drives.CanOpenPrinter(job.printer))
-    return ZE_OPEN_FAILED;
+  if (!spooled && !drives.CanOpenPrinter(job.printer)) return ZE_OPEN_FAILED;
   return std::nullopt;
 }
 
@@ -71,8 +66,7 @@ ReferenceJob Expected(const Job& job, const DestinationDrives& drives) {
   destination.jobName = job.Has(kNullJobName) ? nullptr : job.jobName.c_str();
   if (const std::optional<std::string> fileName = job.FileName())
     return FileJob(destination, drives.IsBad(*fileName) ? "" : job.content);
-  if (job.call == kSendString)
-    return StringJob(destination, job.Decoded().value());
+  if (job.call == kSendString) return StringJob(destination, job.Decoded().value());
   return ResourceJob(destination, job.request, job.device);
 }
 

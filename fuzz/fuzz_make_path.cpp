@@ -27,8 +27,7 @@ constexpr char kSeparators[] = "\\/";
 std::string Lower(std::string_view text) {
   std::string lower(text);
   for (char& c : lower) {
-    if (c >= 'A' && c <= 'Z')
-      c = static_cast<char>(c + 32);
+    if (c >= 'A' && c <= 'Z') c = static_cast<char>(c + 32);
   }
   return lower;
 }
@@ -38,8 +37,7 @@ std::vector<std::string> Components(std::string_view rest) {
   while (!rest.empty()) {
     const std::string_view component = rest.substr(0, rest.find_first_of(kSeparators));
     rest.remove_prefix(std::min(component.size() + 1, rest.size()));
-    if (!component.empty())
-      components.emplace_back(component);
+    if (!component.empty()) components.emplace_back(component);
   }
   return components;
 }
@@ -51,19 +49,14 @@ bool ClimbsAboveRoot(const std::vector<std::string>& components) {
       --depth;
     else if (component != ".")
       ++depth;
-    if (depth < 0)
-      return true;
+    if (depth < 0) return true;
   }
   return false;
 }
 
-bool HasDrive(std::string_view path) {
-  return path.size() >= 2 && path[1] == ':';
-}
+bool HasDrive(std::string_view path) { return path.size() >= 2 && path[1] == ':'; }
 
-bool IsServerPath(std::string_view path) {
-  return path.substr(0, 2) == "\\\\";
-}
+bool IsServerPath(std::string_view path) { return path.substr(0, 2) == "\\\\"; }
 
 // A path must end in a name with something before its last dot.
 bool NamesADirectory(std::string_view rest) {
@@ -78,20 +71,16 @@ class ThoughtDrive {
   std::uint32_t MakePath(const std::vector<std::string>& components) {
     std::vector<std::string> at;
     for (const std::string& component : components) {
-      if (component == ".")
-        continue;
+      if (component == ".") continue;
       if (component == "..") {
         at.pop_back();
         continue;
       }
       at.push_back(Lower(component));
       std::string place;
-      for (const std::string& name : at)
-        place.append("/").append(name);
-      if (place == "/file" || component.size() > kLongestName)
-        return ZE_UNUSABLE;
-      if (directories_.insert(place).second)
-        created_.append("\\").append(component);
+      for (const std::string& name : at) place.append("/").append(name);
+      if (place == "/file" || component.size() > kLongestName) return ZE_UNUSABLE;
+      if (directories_.insert(place).second) created_.append("\\").append(component);
     }
     return ZE_OK;
   }
@@ -140,12 +129,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   static const PrivateDrives drives("c");
   const fs::path root = drives.Folder("c");
   std::string path(UpToZero(Input(data, size).Rest()));
-  if (!HasDrive(path) && IsServerPath(path))
-    path.replace(0, 2, kNoServer);
+  if (!HasDrive(path) && IsServerPath(path)) path.replace(0, 2, kNoServer);
   const std::string_view rest = HasDrive(path) ? std::string_view(path).substr(2) : path;
   const std::vector<std::string> components = Components(rest);
-  if (HasDrive(path) && ClimbsAboveRoot(components))
-    return 0;
+  if (HasDrive(path) && ClimbsAboveRoot(components)) return 0;
 
   ThoughtDrive::Build(root);
   ThoughtDrive thought;

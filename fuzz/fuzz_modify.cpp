@@ -42,8 +42,7 @@ void Mangle(char operation, char* line) {
       std::memset(line, 'F', kLineRoom);
       break;
     case 'c':  // cut off the last character, which mostly is the newline
-      if (length > 0)
-        line[length - 1] = '\0';
+      if (length > 0) line[length - 1] = '\0';
       break;
     case 'z':  // a zero byte in the middle
       line[length / 2] = '\0';

@@ -16,13 +16,9 @@ namespace {
 // Longer ones find nothing more, and the rules take a step for each pair of places.
 constexpr std::size_t kLongest = 64;
 
-bool IsWildcard(char c) {
-  return c == '*' || c == '?';
-}
+bool IsWildcard(char c) { return c == '*' || c == '?'; }
 
-char Upper(char c) {
-  return c >= 'a' && c <= 'z' ? static_cast<char>(c - 32) : c;
-}
+char Upper(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 32) : c; }
 
 class Rules {
  public:
@@ -32,21 +28,17 @@ class Rules {
   // Whether the pattern from place `p` on matches the name from place `n` on.
   bool Match(std::size_t n, std::size_t p) {
     std::optional<bool>& known = known_[n * (pattern_.size() + 1) + p];
-    if (!known)
-      known = Decide(n, p);
+    if (!known) known = Decide(n, p);
     return *known;
   }
 
  private:
   bool Decide(std::size_t n, std::size_t p) {
     const bool atEnd = n == name_.size();
-    if (p == pattern_.size())
-      return atEnd;
+    if (p == pattern_.size()) return atEnd;
     const char c = pattern_[p];
-    if (c == '*')
-      return Match(n, p + 1) || (!atEnd && Match(n + 1, p));
-    if (!atEnd)
-      return (c == '?' || Upper(c) == Upper(name_[n])) && Match(n + 1, p + 1);
+    if (c == '*') return Match(n, p + 1) || (!atEnd && Match(n + 1, p));
+    if (!atEnd) return (c == '?' || Upper(c) == Upper(name_[n])) && Match(n + 1, p + 1);
     const bool dotAtEnd = c == '.' && (p + 1 == pattern_.size() || IsWildcard(pattern_[p + 1]));
     return (c == '?' || dotAtEnd) && Match(n, p + 1);
   }

@@ -16,8 +16,7 @@ namespace {
 std::string Upper(std::string_view text) {
   std::string upper(text);
   for (char& c : upper) {
-    if (c >= 'a' && c <= 'z')
-      c = static_cast<char>(c - 32);
+    if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 32);
   }
   return upper;
 }

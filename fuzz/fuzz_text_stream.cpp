@@ -49,8 +49,7 @@ std::string ReadText(std::FILE* stream, std::size_t request, std::size_t limit) 
     const std::size_t wanted = std::min(request, limit - text.size());
     const std::size_t count = std::fread(block.get(), 1, wanted, stream);
     text.append(block.get(), count);
-    if (count < wanted)
-      break;
+    if (count < wanted) break;
   }
   return text;
 }
@@ -73,8 +72,7 @@ extern "C" ssize_t __real_read(int descriptor, void* buffer, std::size_t count);
 extern "C" ssize_t __wrap_read(int descriptor, void* buffer, std::size_t count);
 
 extern "C" ssize_t __wrap_read(int descriptor, void* buffer, std::size_t count) {
-  if (descriptor != pieces.descriptor)
-    return __real_read(descriptor, buffer, count);
+  if (descriptor != pieces.descriptor) return __real_read(descriptor, buffer, count);
   if (++pieces.reads == pieces.failingRead) {
     pieces.failed = true;
     errno = EIO;
@@ -94,8 +92,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const std::size_t before = numbers.Below(5000);
   pieces = Pieces{};
   pieces.failingRead = numbers.Below(50);
-  for (unsigned& piece : pieces.sizes)
-    piece = numbers.Below(100);
+  for (unsigned& piece : pieces.sizes) piece = numbers.Below(100);
   const std::string text = TextOf(input.Rest());
 
   const std::unique_ptr<char[]> buffer(new char[room]);

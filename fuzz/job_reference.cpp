@@ -11,17 +11,14 @@ using namespace std::string_literals;
 const std::string kExit = "\x1B%-12345X";
 const std::string kBracketK = "\x1B[K"s;
 
-bool TakesPjl(const ZeDestination& destination) {
-  return (destination.flags & ZE_FLAG_PJL) != 0;
-}
+bool TakesPjl(const ZeDestination& destination) { return (destination.flags & ZE_FLAG_PJL) != 0; }
 
 bool TakesBracketK(const ZeDestination& destination) {
   return (destination.flags & ZE_FLAG_BRACKET_K) != 0;
 }
 
 std::string Header(const ZeDestination& destination, bool withCopies) {
-  if (!TakesPjl(destination))
-    return "";
+  if (!TakesPjl(destination)) return "";
   std::string header = kExit;
   if (destination.jobName != nullptr) {
     const std::string_view name = destination.jobName;
@@ -29,28 +26,24 @@ std::string Header(const ZeDestination& destination, bool withCopies) {
   }
   constexpr const char* kLanguages[] = {"", "", "PPDS", "POSTSCRIPT", "GL", "PCL", "PCL"};
   const bool known = destination.language >= 2 && destination.language <= 6;
-  if (known)
-    header += "@PJL ENTER LANGUAGE = "s + kLanguages[destination.language] + "\n";
+  if (known) header += "@PJL ENTER LANGUAGE = "s + kLanguages[destination.language] + "\n";
   if (withCopies && destination.copies != 0)
     header += "@PJL SET COPIES = " + std::to_string(destination.copies) + "\n";
   return header;
 }
 
 std::string Trailer(const ZeDestination& destination, bool withReset) {
-  if (!TakesPjl(destination))
-    return "";
+  if (!TakesPjl(destination)) return "";
   return kExit + "@PJL RDYMSG DISPLAY = \"\"\n" + (withReset ? "@PJL RESET\n" : "") + kExit;
 }
 
 std::string PclCopies(const ZeDestination& destination) {
-  if (destination.copies == 0)
-    return "";
+  if (destination.copies == 0) return "";
   return "\x1B&l" + std::to_string(destination.copies) + "X";
 }
 
 std::string LanguageSelection(const ZeDestination& destination) {
-  if (destination.language == 0)
-    return PclCopies(destination);
+  if (destination.language == 0) return PclCopies(destination);
   std::string selection = kBracketK + "\x03\x00\x06"s;
   selection += destination.channel != 0 ? static_cast<char>(destination.channel) : '1';
   selection += "\x00\x00\x01\x08\x03\x02\x02"s[static_cast<std::size_t>(destination.language)];
@@ -66,13 +59,10 @@ std::string ResourceCommand(const ZeDestination& destination, int request, int d
   constexpr char kLast[] = {0, 0x32, 0x31, 0x46, 0x50};
   const std::string bracketK = kBracketK + "\x03\x00\x06\xC0"s + kLast[request];
   std::string command;
-  if (request == 2 && destination.deviceClass == 2)
-    command += kBracketK + "\x01\x00\x01"s;
-  if (TakesPjl(destination))
-    command += kExit + pjl[request];
+  if (request == 2 && destination.deviceClass == 2) command += kBracketK + "\x01\x00\x01"s;
+  if (TakesPjl(destination)) command += kExit + pjl[request];
   const bool alone = request >= 3;
-  if (alone ? !TakesPjl(destination) : TakesBracketK(destination))
-    command += bracketK;
+  if (alone ? !TakesPjl(destination) : TakesBracketK(destination)) command += bracketK;
   return command;
 }
 
@@ -87,11 +77,9 @@ ReferenceJob FileJob(const ZeDestination& destination, const std::string& data) 
     job.bytes += Header(destination, true);
   else
     passes = std::max<int>(1, destination.copies);
-  while (passes-- > 0)
-    job.bytes += data;
+  while (passes-- > 0) job.bytes += data;
   job.bytes += Trailer(destination, true);
-  if (TakesBracketK(destination))
-    job.end = kBracketK + "\x01\x00\x06"s;
+  if (TakesBracketK(destination)) job.end = kBracketK + "\x01\x00\x06"s;
   return job;
 }
 

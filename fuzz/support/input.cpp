@@ -29,8 +29,6 @@ HeapText::HeapText(std::string_view text) : text_(new char[text.size() + 1]) {
   text_[text.size()] = '\0';
 }
 
-std::string_view UpToZero(std::string_view text) {
-  return text.substr(0, text.find('\0'));
-}
+std::string_view UpToZero(std::string_view text) { return text.substr(0, text.find('\0')); }
 
 }  // namespace zeapi::fuzz

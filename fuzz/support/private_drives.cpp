@@ -16,8 +16,7 @@ PrivateDrives::PrivateDrives(std::string_view letters) {
   std::string folder = fs::temp_directory_path() / "zeapi-fuzz-XXXXXX";
   Check(mkdtemp(folder.data()) != nullptr, "there is a temporary folder");
   root_ = folder;
-  for (const char letter : letters)
-    fs::create_directory(root_ / std::string(1, letter));
+  for (const char letter : letters) fs::create_directory(root_ / std::string(1, letter));
   fs::create_directory(root_ / "tmp");
   folders_ = letters.size() + 1;
   setenv("ZEAPI_DRIVES", root_.c_str(), 1);
@@ -29,9 +28,7 @@ PrivateDrives::~PrivateDrives() {
   fs::remove_all(root_, ignored);
 }
 
-bool PrivateDrives::NothingOutside() const {
-  return NamesIn(root_).size() == folders_;
-}
+bool PrivateDrives::NothingOutside() const { return NamesIn(root_).size() == folders_; }
 
 std::vector<std::string> NamesIn(const fs::path& folder) {
   std::vector<std::string> names;

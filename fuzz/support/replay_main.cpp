@@ -34,8 +34,7 @@ bool Run(const fs::path& input) {
   std::ifstream file(input, std::ios::binary);
   std::error_code failed;
   const std::size_t size = fs::file_size(input, failed);
-  if (!file || failed)
-    return false;
+  if (!file || failed) return false;
   const std::unique_ptr<std::uint8_t[]> data(new std::uint8_t[size]);
   if (!file.read(reinterpret_cast<char*>(data.get()), static_cast<std::streamsize>(size)))
     return false;

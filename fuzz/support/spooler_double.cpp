@@ -21,16 +21,14 @@ constexpr SpoolerHandle kHandle = 7;
 }  // namespace
 
 bool SpoolerOpen(const char*, SpoolerHandle* printer) {
-  if (spooler.mood == SpoolerMood::kNoPrinter)
-    return false;
+  if (spooler.mood == SpoolerMood::kNoPrinter) return false;
   *printer = kHandle;
   ++spooler.openPrinters;
   return true;
 }
 
 bool SpoolerStartDocument(SpoolerHandle, const char* documentName) {
-  if (spooler.mood == SpoolerMood::kRefusesDocument)
-    return false;
+  if (spooler.mood == SpoolerMood::kRefusesDocument) return false;
   spooler.documentName = documentName;
   ++spooler.documents;
   return true;
@@ -53,19 +51,15 @@ void SpoolerEndDocument(SpoolerHandle) {}
 
 // A printer that refused a write is closed twice.
 void SpoolerClose(SpoolerHandle) {
-  if (spooler.openPrinters > 0)
-    --spooler.openPrinters;
+  if (spooler.openPrinters > 0) --spooler.openPrinters;
 }
 
-std::uint32_t SpoolerLastError() {
-  return 5;
-}
+std::uint32_t SpoolerLastError() { return 5; }
 
 // Reads the text, so that a sanitizer sees one that is no text.
 void ConsoleWrite(std::string_view text) {
   static volatile unsigned sum;
-  for (const char c : text)
-    sum = sum + static_cast<unsigned char>(c);
+  for (const char c : text) sum = sum + static_cast<unsigned char>(c);
 }
 
 }  // namespace zeapi::platform

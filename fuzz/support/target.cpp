@@ -8,8 +8,7 @@
 namespace zeapi::fuzz {
 
 void Check(bool holds, const char* promise) {
-  if (holds)
-    return;
+  if (holds) return;
   std::fprintf(stderr, "Broken: %s\n", promise);
   std::abort();
 }
