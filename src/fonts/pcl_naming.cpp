@@ -53,9 +53,7 @@ void AppendBitmapName(const PclDescriptor& descriptor, const ZeFontInfo& info, T
   const unsigned resolution =
       info.format == ZE_FONT_PCL_RESOLUTION ? info.yResolution : kBitmapResolution;
   const Tenths points = RoundTenths(static_cast<double>(descriptor.height * 18) / resolution);
-  text->Append(" [");
-  text->Append("%2u.%1u", points.whole, points.tenth);
-  text->Append(" Pt.]");
+  text->Append(" [%2u.%1u Pt.]", points.whole, points.tenth);
 }
 
 void AppendOutlineName(const PclDescriptor& descriptor, TextBuilder* text) {
@@ -66,7 +64,7 @@ void AppendOutlineName(const PclDescriptor& descriptor, TextBuilder* text) {
 
 void AppendSymbolSet(const PclDescriptor& descriptor, ZeFontInfo* info, TextBuilder* text) {
   if (descriptor.fontType == 10 || descriptor.fontType == 11) {
-    text->Append(" (unbound)");
+    text->Append("%s", " (unbound)");
     return;
   }
   const SymbolSetText code = SymbolSetCode(descriptor.symbolSet);
@@ -103,7 +101,7 @@ void DescribePclFont(const PclDescriptor& descriptor, ZeFontInfo* info) {
                                format == ZE_FONT_PCL_BITMAP_15;
   if (mayLackTypeface && descriptor.TypefaceNumber() == 0 &&
       !text.view().starts_with("Line Printer")) {
-    text.Append(" *TF:0");
+    text.Append("%s", " *TF:0");
   }
   SetField(info->description, text.view());
 
