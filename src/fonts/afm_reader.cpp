@@ -46,12 +46,11 @@ class AfmFile {
   Result ReadLine(std::string_view keyword, std::string_view value) {
     if (keyword == "StartCharMetrics") {
       section_ = Section::kCharacters;
-    } else if (keyword == "StartKernData") {
+    } else if (keyword == "StartKernData" ||
+               (keyword == "EndKernPairs" && section_ == Section::kKernPairs)) {
       section_ = Section::kKerning;
     } else if (keyword == "StartKernPairs" && section_ == Section::kKerning) {
       section_ = Section::kKernPairs;
-    } else if (keyword == "EndKernPairs" && section_ == Section::kKernPairs) {
-      section_ = Section::kKerning;
     } else if (keyword == "EndCharMetrics" || keyword == "EndKernData") {
       section_ = Section::kHeader;
     } else if (section_ == Section::kHeader) {

@@ -33,11 +33,11 @@ bool ReadHeader(std::FILE* stream, Header* header) {
   return reader.ok();
 }
 
-// A name of `Size` bytes in the C heap; null when there is no memory.
-template <std::size_t Size>
-char* NewName(const char (&name)[Size]) {
-  char* copy = static_cast<char*>(std::malloc(Size));
-  if (copy != nullptr) std::memcpy(copy, name, Size);
+// A name of `size` bytes in the C heap; null when there is no memory.
+template <std::size_t size>
+char* NewName(const char (&name)[size]) {
+  char* copy = static_cast<char*>(std::malloc(size));
+  if (copy != nullptr) std::memcpy(copy, name, size);
   return copy;
 }
 

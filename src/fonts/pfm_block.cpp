@@ -1,6 +1,6 @@
 #include "fonts/pfm_block.h"
 
-#include <cstring>
+#include <cstdio>
 #include <string_view>
 
 #include "base/byte_reader.h"
@@ -65,9 +65,8 @@ PfmName PfmFontName(std::span<const std::uint8_t> block) {
   if (!header.ok()) return name;
   const std::string_view face = TextIn(header.Bytes(header.remaining())).substr(0, kLongestFace);
   if (face.empty()) return name;
-  SetField(name.text, face);
-  if (italic) std::strcat(name.text, " (It)");
-  if (bold) std::strcat(name.text, " (Bd)");
+  std::snprintf(name.text, sizeof(name.text), "%.*s%s%s", static_cast<int>(face.size()),
+                face.data(), italic ? " (It)" : "", bold ? " (Bd)" : "");
   return name;
 }
 
