@@ -20,7 +20,7 @@ if ! { cmake --preset release -B build/demo -DZEAPI_TESTS=OFF -DZEAPI_BENCH=OFF 
   echo "The build failed; the whole log is $log" >&2
   exit 1
 fi
-zeapi=$PWD/build/demo/tools/zeapi/zeapi
+zeapi=$PWD/build/demo/bin/zeapi
 cp examples/page.pcl "$captured"
 cd "$captured"
 echo "The printers are files in $captured"

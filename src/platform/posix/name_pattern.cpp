@@ -9,11 +9,15 @@ namespace {
 
 bool SameLetter(char a, char b) { return strncasecmp(&a, &b, 1) == 0; }
 
+bool IsWildcard(char c) { return c == '*' || c == '?'; }
+
 // True when what is left of a pattern matches the end of a name.
 bool MatchesEnd(const char* pattern) {
-  if (*pattern == '.' && (pattern[1] == '\0' || pattern[1] == '*' || pattern[1] == '?')) ++pattern;
-  while (*pattern == '*' || *pattern == '?') ++pattern;
-  return *pattern == '\0';
+  for (; *pattern != '\0'; ++pattern) {
+    const bool lastDot = *pattern == '.' && (pattern[1] == '\0' || IsWildcard(pattern[1]));
+    if (!lastDot && !IsWildcard(*pattern)) return false;
+  }
+  return true;
 }
 
 }  // namespace

@@ -30,10 +30,11 @@ INSTANTIATE_TEST_SUITE_P(
         Match{"name", "*.*", true}, Match{".", "*.*", true}, Match{"..", "*", true},
         Match{"a.b.c", "*.c", true}, Match{"a.b.c", "*.b", false}, Match{"a.b.c", "a*c", true},
         Match{"name", "name.*", true}, Match{"name", "name.", true}, Match{"name", "name.?", true},
-        Match{"name", "n??e", true}, Match{"name", "????", true}, Match{"name", "?????", true},
-        Match{"name", "???", false}, Match{"aaab", "*ab", true}, Match{"aaab", "a*a*b", true},
-        Match{"aaac", "a*a*b", false}, Match{"abc", "**c", true}, Match{"name", "name.x", false},
-        Match{"", "*", true}, Match{"", "", true}, Match{"", "x", false}, Match{"x", "", false}));
+        Match{"a", "??.?", true}, Match{"a", "a.*.*", true}, Match{"name", "n??e", true},
+        Match{"name", "????", true}, Match{"name", "?????", true}, Match{"name", "???", false},
+        Match{"aaab", "*ab", true}, Match{"aaab", "a*a*b", true}, Match{"aaac", "a*a*b", false},
+        Match{"abc", "**c", true}, Match{"name", "name.x", false}, Match{"", "*", true},
+        Match{"", "", true}, Match{"", "x", false}, Match{"x", "", false}));
 
 TEST(NamePattern, WildcardsAreStarAndQuestionMark) {
   EXPECT_TRUE(HasWildcard("a*b"));
