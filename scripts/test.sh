@@ -43,9 +43,6 @@ gcovr --root . --filter 'src/' --object-directory build/coverage --exclude-throw
   --print-summary --output build/coverage/report.txt \
   --fail-under-line "$lineGoal" --fail-under-branch "$branchGoal"
 
-step "static analysis"
-scripts/lint.sh
-
 step "fuzz targets, $fuzzSeconds s each"
 scripts/fuzz.sh "$fuzzSeconds"
 

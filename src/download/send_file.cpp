@@ -60,6 +60,13 @@ Result SendDataFile(const char* fileName, const char* printerName, const ZeDesti
   const Result opened = GenQueOpen(printerName, &ctx);
   if (opened != ZE_OK) return opened;
 
+  // A file appended to itself would never come to its end.
+  if (ctx.backEnd == QueueBackEnd::kFile && fileMode == kAppendFile &&
+      platform::SameFile(fileName, printerName)) {
+    GenQueClose(&ctx);
+    return ZE_OPEN_FAILED;
+  }
+
   unsigned passes = 0;
   if (!StartJob(&ctx, &passes)) return ctx.error;
   const Result result = SendPasses(file.get(), &ctx, passes);

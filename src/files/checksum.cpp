@@ -25,8 +25,8 @@ class WordSum {
     sum_ -= Word(low, high);
     // Word numbers are 16 bits wide, so in long files the skip comes again every 65536 words.
     if (skip_ != 0) {
-      const std::uint32_t words = count / 2;
-      for (std::uint32_t at = static_cast<std::uint16_t>(skip_ - words_ - 1); at < words;
+      const std::size_t words = count / 2;
+      for (std::size_t at = static_cast<std::uint16_t>(skip_ - words_ - 1); at < words;
            at += 65536) {
         sum_ += Word(bytes[2 * at], bytes[2 * at + 1]);
       }

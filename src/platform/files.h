@@ -19,6 +19,9 @@ bool PathReadable(const char* path);
 enum class PathKind { kMissing, kRegularFile, kOther };
 PathKind QueryPath(const char* path);
 
+// True when both paths lead to one existing file.
+bool SameFile(const char* a, const char* b);
+
 // Creates one directory; false when that fails or the directory exists.
 bool MakeDirectory(const char* path);
 

@@ -77,9 +77,7 @@ TEST(StackProbe, CountsWhatTheCalleeRemoved) {
   EXPECT_EQ(none.removed, 0U);
 }
 
-__attribute__((naked)) void TellsItsStack() {
-  asm("leal 4(%esp), %eax\n\tandl $15, %eax\n\tret");
-}
+__attribute__((naked)) void TellsItsStack() { asm("leal 4(%esp), %eax\n\tandl $15, %eax\n\tret"); }
 
 TEST(StackProbe, CallsAtTheAskedAlignment) {
   for (const std::uint32_t residue : {0U, 4U, 8U, 12U}) {

@@ -15,11 +15,8 @@ int main(void) {
   ZeApiInfo info;
   char name[ZE_MAX_NAME + 1];
   ZeGenQueryApiInfo(&info);
-  if (info.words[0] != ZE_API_VERSION)
-    return 1;
-  if (ZeStrCpyFile(name, "c:\\fonts\\courier.sfp") != name || !Equal(name, "COURIER.SFP"))
-    return 2;
-  if (ZeGenQueryAdapters(0, 0, name, 1023) != ZE_INVALID_ARGUMENT)
-    return 3;
+  if (info.words[0] != ZE_API_VERSION) return 1;
+  if (ZeStrCpyFile(name, "c:\\fonts\\courier.sfp") != name || !Equal(name, "COURIER.SFP")) return 2;
+  if (ZeGenQueryAdapters(0, 0, name, 1023) != ZE_INVALID_ARGUMENT) return 3;
   return 0;
 }

@@ -27,8 +27,7 @@ class RealWork : public testing::Test {
   }
 
   void TearDown() override {
-    if (folder_.empty())
-      return;
+    if (folder_.empty()) return;
     std::filesystem::current_path(before_);
     std::filesystem::remove_all(folder_);
   }
@@ -61,10 +60,8 @@ const std::string kJob =
     "\x1b%-12345X@PJL RDYMSG DISPLAY = \"\"\n\x1b%-12345X";
 
 std::uint32_t ZEAPI_CALL UpperCaseFirst(char* line, std::uint32_t value) {
-  if (line[0] >= 'a' && line[0] <= 'z')
-    line[0] = static_cast<char>(line[0] - 'a' + 'A');
-  if (std::strncmp(line, "Drop", 4) == 0)
-    line[0] = '\0';
+  if (line[0] >= 'a' && line[0] <= 'z') line[0] = static_cast<char>(line[0] - 'a' + 'A');
+  if (std::strncmp(line, "Drop", 4) == 0) line[0] = '\0';
   return value == 7 ? 0 : 1;
 }
 
@@ -76,8 +73,7 @@ TEST_F(RealWork, FillsTheWholeCapabilityRecord) {
   expected.words[0] = ZE_API_VERSION;
   expected.words[1] = 32;
   expected.words[2] = expected.words[3] = 2;
-  for (const int present : {11, 12, 16, 17, 20, 23, 26, 28})
-    expected.words[present] = 1;
+  for (const int present : {11, 12, 16, 17, 20, 23, 26, 28}) expected.words[present] = 1;
   EXPECT_EQ(std::memcmp(&info, &expected, sizeof(info)), 0);
 }
 
@@ -110,9 +106,7 @@ TEST_F(RealWork, UsesTheCallersOpenFile) {
 }
 
 #if defined(__i386__)
-std::uint32_t Word(const void* pointer) {
-  return reinterpret_cast<std::uint32_t>(pointer);
-}
+std::uint32_t Word(const void* pointer) { return reinterpret_cast<std::uint32_t>(pointer); }
 
 TEST_F(RealWork, SendsAJobWhateverTheStackAlignment) {
   const ZeDestination destination = PjlDestination();

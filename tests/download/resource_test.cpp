@@ -68,6 +68,17 @@ TEST_F(ResourceTest, PrinterOfNeitherSetGetsTwoOfTheFourRequests) {
   EXPECT_BYTES(Job(), Bytes("\x1B[K\x03\0\x06\xC0\x50"));
 }
 
+TEST_F(ResourceTest, BracketKPrinterGetsTheBareSequence) {
+  destination.flags = ZE_FLAG_BRACKET_K;
+  destination.jobName = "ignored";
+  destination.language = ZE_LANGUAGE_PCL;
+  const char last[] = {'\x32', '\x31', '\x46', '\x50'};
+  for (std::int32_t request = 1; request <= 4; ++request) {
+    EXPECT_EQ(Send(request), ZE_OK);
+    EXPECT_BYTES(Job(), Bytes("\x1B[K\x03\0\x06\xC0") + last[request - 1]);
+  }
+}
+
 TEST_F(ResourceTest, ClassTwoGetsInitialConditionsBeforeTheCommandsUniversalExit) {
   destination.flags = ZE_FLAG_PJL;
   destination.deviceClass = 2;

@@ -83,6 +83,12 @@ TEST_F(SendFileTest, QueueThatDoesNotOpenGivesItsResult) {
   EXPECT_EQ(Send(), ZE_UNUSABLE);
 }
 
+TEST_F(SendFileTest, FileIsNotAppendedToItself) {
+  EXPECT_EQ(ZeDatSendFile(kInput, kInput, &destination, 1), ZE_OPEN_FAILED);
+  EXPECT_EQ(ZeDatSendFile(kInput, ".\\INPUT.DAT", &destination, 1), ZE_OPEN_FAILED);
+  EXPECT_BYTES(ReadFile(kInput), "DATA");
+}
+
 // --- Neither command set
 
 TEST_F(SendFileTest, PrinterOfNeitherSetGetsTheDataOncePerCopy) {

@@ -254,6 +254,152 @@ TEST_F(FaultTest, LogThatFailsHalfwayChangesNothing) {
   EXPECT_GT(harmless, 20);
 }
 
+// --- What each failure means, not only that it has a code
+
+class MeaningTest : public FaultTest {
+ protected:
+  // Runs the call once for each time that it uses the function, failing that use.
+  static void FailEach(const std::string& function, const std::function<void()>& prepare,
+                       const std::function<std::uint32_t()>& call,
+                       const std::function<void(std::uint32_t result)>& check) {
+    int uses = 0;
+    for (int failing = 1;; ++failing) {
+      prepare();
+      ArmFault(failing);
+      const std::uint32_t result = call();
+      DisarmFault();
+      if (FailedFunction().empty()) break;
+      if (FailedFunction() != function) continue;
+      ++uses;
+      SCOPED_TRACE(function + ", use " + std::to_string(uses));
+      check(result);
+    }
+    EXPECT_GT(uses, 0) << function;
+  }
+
+  static constexpr char kTrailer[] =
+      "\x1B%-12345X@PJL RDYMSG DISPLAY = \"\"\n@PJL RESET\n\x1B%-12345X";
+};
+
+TEST_F(MeaningTest, OutputFileThatDoesNotCloseGivesCloseFailedFromTheQueueAlone) {
+  int queueFailures = 0;
+  FailEach(
+      "fclose", [] { fs::remove(LogFile()); },
+      [&] {
+        GenQueContext ctx;
+        ctx.destination = &destination;
+        const Result opened = GenQueOpen(kOutput, &ctx);
+        return opened != ZE_OK ? opened : GenQueClose(&ctx);
+      },
+      [&](std::uint32_t result) {
+        if (result == ZE_OK) return;  // it was the log's
+        ++queueFailures;
+        EXPECT_EQ(result, ZE_CLOSE_FAILED);
+        EXPECT_EQ(LogLines(), (FileOpenLines() + FileCloseLines()));
+      });
+  EXPECT_EQ(queueFailures, 1);
+  // The jobs do not ask how the file closed.
+  FailEach(
+      "fclose", [] {}, [&] { return ZeDatSendString("$text", kOutput, &destination, 0); },
+      [](std::uint32_t result) { EXPECT_EQ(result, ZE_OK); });
+}
+
+TEST_F(MeaningTest, InputThatCannotBeReadStillEndsTheJobProperly) {
+  WriteFile("input", "DATA");
+  destination.flags = ZE_FLAG_PJL;
+  FailEach(
+      "fread", [] { fs::remove(kOutput); },
+      [&] { return ZeDatSendFile("input", kOutput, &destination, 0); },
+      [](std::uint32_t result) {
+        EXPECT_EQ(result, ZE_READ_FAILED);
+        EXPECT_BYTES(Job(), std::string(kUniversalExit) + kTrailer);
+      });
+}
+
+TEST_F(MeaningTest, BlockThatCannotBeHadStillEndsTheJobProperly) {
+  WriteFile("input", "DATA");
+  destination.flags = ZE_FLAG_PJL;
+  FailEach(
+      "calloc", [] { fs::remove(kOutput); },
+      [&] { return ZeDatSendFile("input", kOutput, &destination, 0); },
+      [](std::uint32_t result) {
+        EXPECT_EQ(result, ZE_OUT_OF_MEMORY);
+        EXPECT_BYTES(Job(), std::string(kUniversalExit) + kTrailer);
+      });
+}
+
+TEST_F(MeaningTest, RefusedBlockOfAFileJobStillGetsTheFirstCommandOfItsEnd) {
+  WriteFile("input", "DATA");
+  std::vector<std::string> jobs;
+  const auto collect = [&](std::uint32_t result) {
+    EXPECT_EQ(result, ZE_WRITE_FAILED);
+    jobs.push_back(Job());
+  };
+  const auto send = [&] { return ZeDatSendFile("input", kOutput, &destination, 0); };
+  destination.flags = ZE_FLAG_PJL;
+  FailEach(
+      "fwrite", [] { fs::remove(kOutput); }, send, collect);
+  ASSERT_EQ(jobs.size(), 6U);  // exit; data; exit, ready message, reset, exit
+  EXPECT_BYTES(jobs[1], std::string(kUniversalExit) + kUniversalExit);
+  jobs.clear();
+  destination.flags = ZE_FLAG_BRACKET_K;
+  destination.language = ZE_LANGUAGE_PPDS;
+  const auto collectAny = [&](std::uint32_t) { jobs.push_back(Job()); };
+  FailEach(
+      "fwrite", [] { fs::remove(kOutput); }, send, collectAny);
+  ASSERT_EQ(jobs.size(), 3U);
+  EXPECT_BYTES(jobs[1], Bytes("\x1B[K\x03\0\x06\x31\x01"
+                              "\x1B[K\x01\0\x06"));
+}
+
+TEST_F(MeaningTest, EachFailureOfRewritingAFileHasItsCode) {
+  const fs::path temporary = fs::absolute("temporary");
+  setenv("TMPDIR", temporary.c_str(), 1);
+  const auto prepare = [&] {
+    fs::remove_all(temporary);  // where the removal itself was made to fail
+    fs::create_directory(temporary);
+    WriteFile("text", "one\n");
+  };
+  const auto call = [] { return ZeFilModify("text", 0, Shout); };
+  const auto gives = [&](std::uint32_t code) {
+    return [&, code](std::uint32_t result) {
+      EXPECT_EQ(result, code);
+      EXPECT_TRUE(fs::is_empty(temporary));
+    };
+  };
+  FailEach("fputs", prepare, call, gives(ZE_WRITE_FAILED));
+  FailEach("fclose", prepare, call, gives(ZE_CLOSE_FAILED));
+  FailEach("calloc", prepare, call, gives(ZE_OUT_OF_MEMORY));
+  FailEach("fgets", prepare, call, gives(ZE_READ_FAILED));
+  FailEach("fdopen", prepare, call, gives(ZE_OPEN_FAILED));
+  FailEach("fopencookie", prepare, call, gives(ZE_OPEN_FAILED));
+  unsetenv("TMPDIR");
+}
+
+TEST_F(MeaningTest, SumIsStoredEvenWhenReadingOrClosingFails) {
+  static std::uint16_t sum;
+  const auto prepare = [] {
+    WriteFile("data", Bytes("\1\0\2\0"));
+    sum = 0x1234;
+  };
+  const auto call = [] { return ZeFilChecksum("data", 0, 0, &sum); };
+  FailEach("close", prepare, call, [](std::uint32_t result) {
+    EXPECT_EQ(result, ZE_CLOSE_FAILED);
+    EXPECT_EQ(sum, 65533);
+  });
+  FailEach("read", prepare, call, [](std::uint32_t result) {
+    EXPECT_EQ(result, ZE_READ_FAILED);
+    EXPECT_TRUE(sum == 0 || sum == 65533);
+  });
+}
+
+TEST_F(MeaningTest, FileThatMayNotBeReadDoesNotExist) {
+  WriteFile("file", "");
+  FailEach(
+      "access", [] {}, [] { return ZeFilExists("file"); },
+      [](std::uint32_t exists) { EXPECT_EQ(exists, 0U); });
+}
+
 // --- A disk that is full from some write on
 
 TEST_F(FaultTest, FullDiskGivesWriteFailed) {

@@ -42,6 +42,14 @@ TEST_F(FilesTest, SizeOfTheFirstMatch) {
   EXPECT_EQ(ZeFilQuerySize("c.*"), 3U);
 }
 
+TEST_F(FilesTest, SizeIsTheLow32BitsOfTheSize) {
+  WriteFile("large", "");
+  std::error_code failed;
+  fs::resize_file("large", (std::uintmax_t{1} << 32) + 5, failed);
+  if (failed) GTEST_SKIP() << "no file of 4 GiB here: " << failed.message();
+  EXPECT_EQ(ZeFilQuerySize("large"), 5U);
+}
+
 TEST_F(FilesTest, SizeIsZeroForNothingEmptyAndFolders) {
   WriteFile("empty", "");
   fs::create_directory("folder");

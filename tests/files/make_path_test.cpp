@@ -118,6 +118,14 @@ TEST_F(MakePathTest, PathOver260CharactersIsUnusable) {
   EXPECT_FALSE(IsFolder("a"));
 }
 
+TEST_F(MakePathTest, OnlyABackslashEndsAServersName) {
+  EXPECT_EQ(ZeFilMakePath("\\\\server/share/a", created), ZE_UNUSABLE);
+}
+
+TEST_F(MakePathTest, ServerNameHasAtLeastOneCharacterBeforeTheSearchForItsEnd) {
+  EXPECT_EQ(ZeFilMakePath("\\\\\\a", created), ZE_UNUSABLE);
+}
+
 TEST_F(MakePathTest, ServerWithoutShareIsUnusable) {
   EXPECT_EQ(ZeFilMakePath("\\\\server", created), ZE_UNUSABLE);
 }

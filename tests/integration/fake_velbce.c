@@ -25,8 +25,7 @@
 static FILE* OpenRecord(void) {
   const char* name = getenv("VELBCE_RECORD");
   FILE* record = name != NULL ? fopen(name, "ab") : NULL;
-  if (record == NULL)
-    abort();
+  if (record == NULL) abort();
   return record;
 }
 
@@ -40,8 +39,7 @@ static void RecordBytes(const char* head, const void* data, uint32_t size) {
   const unsigned char* bytes = data;
   FILE* record = OpenRecord();
   fprintf(record, "%s ", head);
-  for (uint32_t i = 0; i < size; ++i)
-    fprintf(record, "%02x", bytes[i]);
+  for (uint32_t i = 0; i < size; ++i) fprintf(record, "%02x", bytes[i]);
   fprintf(record, "\n");
   fclose(record);
 }
@@ -50,19 +48,14 @@ static void RecordBytes(const char* head, const void* data, uint32_t size) {
 static uint32_t Outcome(const char* entry, unsigned call) {
   const char* fail = getenv("VELBCE_FAIL");
   const size_t length = strlen(entry);
-  if (fail == NULL || strncmp(fail, entry, length) != 0 || fail[length] != ':')
-    return 0;
+  if (fail == NULL || strncmp(fail, entry, length) != 0 || fail[length] != ':') return 0;
   const unsigned wanted = (unsigned)atoi(fail + length + 1);
   return wanted == 0 || wanted == call;
 }
 
-__attribute__((constructor)) static void Loaded(void) {
-  RecordLine("loaded");
-}
+__attribute__((constructor)) static void Loaded(void) { RecordLine("loaded"); }
 
-__attribute__((destructor)) static void Freed(void) {
-  RecordLine("freed");
-}
+__attribute__((destructor)) static void Freed(void) { RecordLine("freed"); }
 
 #define RECORD(...)                            \
   do {                                         \
@@ -108,8 +101,7 @@ ENTRY BceWrite(uint32_t port, uint32_t handle, uint32_t third, const void* data,
            (unsigned long)handle, (unsigned long)third, (unsigned long)*count, (unsigned long)last);
   RecordBytes(head, data, *count);
   const char* missing = getenv("VELBCE_SHORT");
-  if (missing != NULL)
-    *count -= (uint32_t)atoi(missing);
+  if (missing != NULL) *count -= (uint32_t)atoi(missing);
   return Outcome("BceWrite", ++calls);
 }
 

@@ -20,8 +20,7 @@ static int times = 1;
 
 static int SetOption(const char* option) {
   const char* equals = strchr(option, '=');
-  if (equals == NULL)
-    return 0;
+  if (equals == NULL) return 0;
   const size_t length = (size_t)(equals - option);
   const char* value = equals + 1;
   const uint32_t number = (uint32_t)strtoul(value, NULL, 0);
@@ -68,8 +67,7 @@ static int ArgumentCount(const char* call) {
     int count;
   } calls[] = {{"file", 3}, {"string", 3}, {"resource", 4}, {"type", 2}};
   for (size_t i = 0; i < sizeof(calls) / sizeof(calls[0]); ++i) {
-    if (strcmp(call, calls[i].call) == 0)
-      return calls[i].count;
+    if (strcmp(call, calls[i].call) == 0) return calls[i].count;
   }
   return 0;
 }
@@ -77,13 +75,11 @@ static int ArgumentCount(const char* call) {
 int main(int argc, char** argv) {
   const int count = argc > 1 ? ArgumentCount(argv[1]) : 0;
   int understood = count != 0 && argc > count;
-  for (int i = 1 + count; understood && i < argc; ++i)
-    understood = SetOption(argv[i]);
+  for (int i = 1 + count; understood && i < argc; ++i) understood = SetOption(argv[i]);
   if (!understood) {
     fprintf(stderr, "job_caller: wrong arguments\n");
     return 2;
   }
-  for (int i = 0; i < times; ++i)
-    printf("result %lu\n", (unsigned long)Call(argv + 1));
+  for (int i = 0; i < times; ++i) printf("result %lu\n", (unsigned long)Call(argv + 1));
   return 0;
 }

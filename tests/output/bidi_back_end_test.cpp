@@ -234,6 +234,27 @@ TEST_F(ConnectionTest, MissingEntryPointGivesZeroAndFreesTheDll) {
   EXPECT_EQ(Bidi().loaded, 0);
 }
 
+TEST_F(ConnectionTest, EachCallLoadsAnew) {
+  Classify(0x02, 0x00);
+  Classify(0x02, 0x00);
+  EXPECT_EQ(Bidi().calls, (Lines{"load VELBCE.DLL", "BceGetPrtInfo 3 0", "free", "load VELBCE.DLL",
+                                 "BceGetPrtInfo 3 0", "free"}));
+}
+
+TEST_F(ConnectionTest, EntryPointOfAJobIsForgottenWhenTheJobEndsOrFailsToOpen) {
+  ASSERT_EQ(GenQueOpen("ignored", &ctx), ZE_OK);
+  GenQueClose(&ctx);
+  for (const char* failing : {"", "BceOpen", "BceStartDoc"}) {
+    Bidi().failing = {failing};
+    GenQueOpen("ignored", &ctx);
+    GenQueClose(&ctx);
+    Bidi().failing.clear();
+    Bidi().calls.clear();
+    Classify(0x02, 0x00);
+    EXPECT_EQ(Bidi().calls.front(), "load VELBCE.DLL") << failing;
+  }
+}
+
 TEST_F(ConnectionTest, OpenJobsLibraryIsUsedAndLeftAlone) {
   ASSERT_EQ(GenQueOpen("ignored", &ctx), ZE_OK);
   EXPECT_EQ(Classify(0x20, 0x00), 32U);

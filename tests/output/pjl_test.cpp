@@ -292,6 +292,39 @@ TEST_F(PjlTest, KeepsTheChannelForLaterJobsInTheSameLanguage) {
   EXPECT_BYTES(Language(), Bytes("\x1B[K\x03\0\x06\x33\x02"));
 }
 
+TEST_F(PjlTest, ChannelStaysAsItIsWhenNoSequenceIsWritten) {
+  destination.language = ZE_LANGUAGE_PCL;
+  destination.channel = '5';
+  Built([](GenQueContext* ctx) {
+    ctx->error = ZE_WRITE_FAILED;
+    LanguageSelect(ctx);
+    ctx->error = ZE_OK;
+  });
+  destination.language = ZE_LANGUAGE_NONE;
+  Language();
+  destination.language = ZE_LANGUAGE_PCL;
+  destination.channel = 0;
+  EXPECT_BYTES(Language(), Bytes("\x1B[K\x03\0\x06\x31\x02"));
+}
+
+TEST_F(PjlTest, FrameOfADownloadToADevice) {
+  destination.flags = ZE_FLAG_PJL;
+  destination.jobName = "Fonts";
+  destination.language = ZE_LANGUAGE_PCL;
+  EXPECT_BYTES(Built([](GenQueContext* ctx) {
+                 PjlJobHeader(ctx, false);
+                 PjlResourceCommand(ZE_RESOURCE_TARGET_DEVICE, ctx);
+                 WriteCommand(ctx, "payload");
+                 PjlResourceCommand(ZE_RESOURCE_TARGET_RAM, ctx);
+                 PjlJobTrailer(ctx, false);
+               }),
+               "\x1B%-12345X@PJL RDYMSG DISPLAY = \"Fonts\"\n@PJL ENTER LANGUAGE = PCL\n"
+               "\x1B%-12345X@PJL SET LDOWNLOADTARGET = flash1\n"
+               "payload"
+               "\x1B%-12345X@PJL SET LDOWNLOADTARGET = ram\n"
+               "\x1B%-12345X@PJL RDYMSG DISPLAY = \"\"\n\x1B%-12345X");
+}
+
 TEST_F(PjlTest, LanguageSelectGoesOnToCopiesAfterARefusedSequence) {
   destination.language = ZE_LANGUAGE_PCL;
   destination.copies = 2;

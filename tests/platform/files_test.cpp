@@ -129,6 +129,16 @@ TEST_F(PlatformFilesTest, KindsOfPaths) {
   EXPECT_EQ(QueryPath(""), PathKind::kMissing);
 }
 
+TEST_F(PlatformFilesTest, OneFileByTwoPaths) {
+  WriteFile("file", "");
+  WriteFile("other", "");
+  EXPECT_TRUE(SameFile("file", ".\\FILE"));
+  EXPECT_FALSE(SameFile("file", "other"));
+  EXPECT_FALSE(SameFile("file", "missing"));
+  EXPECT_FALSE(SameFile("missing", "file"));
+  EXPECT_FALSE(SameFile("", ""));
+}
+
 TEST_F(PlatformFilesTest, DirectoryIsMadeOnce) {
   EXPECT_TRUE(MakeDirectory("made"));
   EXPECT_FALSE(MakeDirectory("made"));

@@ -275,7 +275,8 @@ def main():
     if arguments[:1] == ["--smoke"]:
         arguments = arguments[1:]
         suites = [Smoke]
-    COMMAND.extend(arguments)
+    # The program is started in another folder.
+    COMMAND.extend(os.path.abspath(word) if os.path.exists(word) else word for word in arguments)
     load = unittest.defaultTestLoader.loadTestsFromTestCase
     result = unittest.TextTestRunner().run(unittest.TestSuite(load(suite) for suite in suites))
     sys.exit(not result.wasSuccessful())

@@ -80,6 +80,14 @@ PathKind QueryPath(const char* path) {
   return S_ISREG(status.st_mode) ? PathKind::kRegularFile : PathKind::kOther;
 }
 
+bool SameFile(const char* a, const char* b) {
+  HostPath hosts[2];
+  struct stat statuses[2];
+  return ToHostPath(a, &hosts[0]) && ToHostPath(b, &hosts[1]) &&
+         stat(hosts[0].text, &statuses[0]) == 0 && stat(hosts[1].text, &statuses[1]) == 0 &&
+         statuses[0].st_dev == statuses[1].st_dev && statuses[0].st_ino == statuses[1].st_ino;
+}
+
 bool MakeDirectory(const char* path) {
   HostPath host;
   return ToHostPath(path, &host) && mkdir(host.text, 0777) == 0;

@@ -34,7 +34,8 @@ bool HostUserName(char* name, std::size_t size) {
   passwd entry;
   passwd* found = nullptr;
   if (getpwuid_r(geteuid(), &entry, buffer, sizeof(buffer), &found) != 0 || found == nullptr) {
-    return Store("", 0, name, size) && false;
+    name[0] = '\0';
+    return false;
   }
   return Store(found->pw_name, std::strlen(found->pw_name), name, size);
 }

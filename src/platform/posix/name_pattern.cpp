@@ -1,11 +1,13 @@
 #include "platform/posix/name_pattern.h"
 
-#include <cstring>
+#include <strings.h>
 
-#include "base/text.h"
+#include <cstring>
 
 namespace zeapi::platform {
 namespace {
+
+bool SameLetter(char a, char b) { return strncasecmp(&a, &b, 1) == 0; }
 
 // True when what is left of a pattern matches the end of a name.
 bool MatchesEnd(const char* pattern) {
@@ -25,7 +27,7 @@ bool MatchesPattern(const char* name, const char* pattern) {
     if (*pattern == '*') {
       star = pattern++;
       retry = name;
-    } else if (*pattern != '\0' && (*pattern == '?' || AsciiUpper(*pattern) == AsciiUpper(*name))) {
+    } else if (*pattern != '\0' && (*pattern == '?' || SameLetter(*pattern, *name))) {
       ++pattern;
       ++name;
     } else if (star != nullptr) {

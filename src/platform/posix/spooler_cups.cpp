@@ -79,48 +79,48 @@ bool SpoolerOpen(const char* name, SpoolerHandle* printer) {
   return true;
 }
 
-bool SpoolerStartDocument(SpoolerHandle handle, const char* documentName) {
-  Printer* printer = OpenPrinters().Find(handle);
-  if (printer == nullptr) return false;
-  http_t* http = printer->http.get();
-  const char* name = printer->name.c_str();
-  printer->job = cupsCreateJob(http, name, documentName, 0, nullptr);
-  if (printer->job == 0) return false;
-  if (cupsStartDocument(http, name, printer->job, documentName, CUPS_FORMAT_RAW, 1) ==
+bool SpoolerStartDocument(SpoolerHandle printer, const char* documentName) {
+  Printer* open = OpenPrinters().Find(printer);
+  if (open == nullptr) return false;
+  http_t* http = open->http.get();
+  const char* name = open->name.c_str();
+  open->job = cupsCreateJob(http, name, documentName, 0, nullptr);
+  if (open->job == 0) return false;
+  if (cupsStartDocument(http, name, open->job, documentName, CUPS_FORMAT_RAW, 1) ==
       HTTP_STATUS_CONTINUE) {
-    printer->inDocument = true;
+    open->inDocument = true;
     return true;
   }
-  cupsCancelJob2(http, name, printer->job, 1);
+  cupsCancelJob2(http, name, open->job, 1);
   return false;
 }
 
-std::uint32_t SpoolerWrite(SpoolerHandle handle, const void* data, std::uint32_t length) {
-  Printer* printer = OpenPrinters().Find(handle);
-  if (printer == nullptr || !printer->inDocument) return 0;
+std::uint32_t SpoolerWrite(SpoolerHandle printer, const void* data, std::uint32_t length) {
+  Printer* open = OpenPrinters().Find(printer);
+  if (open == nullptr || !open->inDocument) return 0;
   // An empty block would end the document.
   if (length == 0) return 0;
   const http_status_t status =
-      cupsWriteRequestData(printer->http.get(), static_cast<const char*>(data), length);
+      cupsWriteRequestData(open->http.get(), static_cast<const char*>(data), length);
   return status == HTTP_STATUS_CONTINUE ? length : 0;
 }
 
-void SpoolerEndDocument(SpoolerHandle handle) {
-  Printer* printer = OpenPrinters().Find(handle);
-  if (printer == nullptr || !printer->inDocument) return;
-  cupsFinishDocument(printer->http.get(), printer->name.c_str());
-  printer->inDocument = false;
+void SpoolerEndDocument(SpoolerHandle printer) {
+  Printer* open = OpenPrinters().Find(printer);
+  if (open == nullptr || !open->inDocument) return;
+  cupsFinishDocument(open->http.get(), open->name.c_str());
+  open->inDocument = false;
 }
 
 // A document that was not ended is abandoned with its job.
-void SpoolerClose(SpoolerHandle handle) {
-  Printer* printer = OpenPrinters().Find(handle);
-  if (printer == nullptr) return;
-  if (printer->inDocument) {
-    printer->http.reset();
-    cupsCancelJob2(CUPS_HTTP_DEFAULT, printer->name.c_str(), printer->job, 1);
+void SpoolerClose(SpoolerHandle printer) {
+  Printer* open = OpenPrinters().Find(printer);
+  if (open == nullptr) return;
+  if (open->inDocument) {
+    open->http.reset();
+    cupsCancelJob2(CUPS_HTTP_DEFAULT, open->name.c_str(), open->job, 1);
   }
-  OpenPrinters().printers.erase(handle);
+  OpenPrinters().printers.erase(printer);
 }
 
 std::uint32_t SpoolerLastError() { return static_cast<std::uint32_t>(cupsLastError()); }

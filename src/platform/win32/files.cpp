@@ -14,6 +14,16 @@ namespace {
 constexpr int kExists = 0;
 constexpr int kReadable = 4;
 
+// What tells one file from all others while it is open; false when the path leads to none.
+bool FileIdentity(const char* path, BY_HANDLE_FILE_INFORMATION* identity) {
+  const HANDLE file = CreateFileA(path, 0, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                                  nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+  if (file == INVALID_HANDLE_VALUE) return false;
+  const bool told = GetFileInformationByHandle(file, identity) != 0;
+  CloseHandle(file);
+  return told;
+}
+
 }  // namespace
 
 std::FILE* OpenStream(const char* path, const char* mode) {
@@ -29,6 +39,15 @@ PathKind QueryPath(const char* path) {
   struct _stat64 status;
   if (_stat64(path, &status) != 0) return PathKind::kMissing;
   return (status.st_mode & _S_IFMT) == _S_IFREG ? PathKind::kRegularFile : PathKind::kOther;
+}
+
+bool SameFile(const char* a, const char* b) {
+  BY_HANDLE_FILE_INFORMATION first;
+  BY_HANDLE_FILE_INFORMATION second;
+  return FileIdentity(a, &first) && FileIdentity(b, &second) &&
+         first.dwVolumeSerialNumber == second.dwVolumeSerialNumber &&
+         first.nFileIndexHigh == second.nFileIndexHigh &&
+         first.nFileIndexLow == second.nFileIndexLow;
 }
 
 bool MakeDirectory(const char* path) { return _mkdir(path) == 0; }
