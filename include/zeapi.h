@@ -129,6 +129,43 @@ enum ZeResourceRequest {
   ZE_RESOURCE_PRINT_DIRECTORY = 4 /**< Prints the list of stored resources. */
 };
 
+/** What a font file is good for, ZeFontInfo::kind. 0: not a font file. */
+enum ZeFontKind {
+  ZE_FONT_KIND_METRICS = 2,       /**< Describes a font, is not itself downloaded. */
+  ZE_FONT_KIND_DOWNLOADABLE = 3,  /**< Can be downloaded as it is. */
+  ZE_FONT_KIND_TYPE1_METRICS = 4, /**< AFM metrics of a Type 1 outline beside them. */
+  ZE_FONT_KIND_TRUETYPE = 5       /**< A TrueType file. */
+};
+
+/** Font formats, ZeFontInfo::format. 0: none of them. */
+enum ZeFontFormat {
+  ZE_FONT_TYPE1 = 2,           /**< Type 1 outline or its AFM metrics: PFA, PFB, AFM. */
+  ZE_FONT_DLF = 6,             /**< DLF download font. */
+  ZE_FONT_PCL_RESOLUTION = 8,  /**< PCL bitmap that names its resolution (header format 20). */
+  ZE_FONT_PCL_BITMAP = 9,      /**< PCL bitmap (header format 0). */
+  ZE_FONT_PCL_OLD_BITMAP = 11, /**< PCL bitmap of older layouts (header formats 5, 9, 12). */
+  ZE_FONT_PCL_BITMAP_13 = 13,  /**< A PCL bitmap; never given by ZeFonQueryInfo(). */
+  ZE_FONT_PCL_BITMAP_15 = 15,  /**< A PCL bitmap; never given by ZeFonQueryInfo(). */
+  ZE_FONT_PCL_BOUND = 17,      /**< PCL scalable, bound Intellifont (header format 10). */
+  ZE_FONT_PCL_UNBOUND = 18,    /**< PCL scalable, unbound Intellifont (header format 11). */
+  ZE_FONT_PCL_TRUETYPE = 20,   /**< PCL scalable TrueType (header format 15). */
+  ZE_FONT_HOST_TRUETYPE = 21,  /**< TrueType font of the host: TTF, FOT. */
+  ZE_FONT_TFM = 22,            /**< Intellifont metrics: TFM. */
+  ZE_FONT_FMF = 23,            /**< Metrics of a DLF font: FMF. */
+  ZE_FONT_PFM = 25,            /**< Windows printer font metrics: PFM, PSM, PBM. */
+  ZE_FONT_CARTRIDGE = 28       /**< Metrics of a font cartridge: PCM. */
+};
+
+/** Bits of ZeFontInfo::flags; all others are 0. */
+enum ZeFontFlags {
+  ZE_FONT_BINARY = 0x01,       /**< A binary file; PFA and AFM are text. */
+  ZE_FONT_STANDARD = 0x02,     /**< Every file whose extension is not refused, but for a PFB whose
+                                    encoding is not StandardEncoding. */
+  ZE_FONT_PROPORTIONAL = 0x04, /**< PCL soft fonts: bit 0 of the spacing byte. */
+  ZE_FONT_BIT_3 = 0x08, /**< DLF, FMF, PFM, PSM, PBM, PFA, PFB, AFM and formats 17, 18, 20. */
+  ZE_FONT_BIT_5 = 0x20  /**< FMF, PFM, PSM, PBM, PFA, PFB and formats 17, 18, 20. */
+};
+
 #pragma pack(push, 1)
 
 /**
@@ -179,6 +216,59 @@ typedef struct ZeApiInfo {
   uint16_t words[64]; /**< 0 */
 } ZeApiInfo;
 ZEAPI_STATIC_ASSERT(sizeof(ZeApiInfo) == 128, "ZeApiInfo changed size");
+
+/** One font of a cartridge. The entry and its name are memory of their own. */
+typedef struct ZeCartridgeFont {
+  char* name;                   /**< 0: face name, " (It)" and " (Bd)" appended; 91 bytes. */
+  struct ZeCartridgeFont* next; /**< 4: the next one in the order of the file, or null. */
+} ZeCartridgeFont;
+ZEAPI_ASSERT_OFFSET(ZeCartridgeFont, name, 0);
+ZEAPI_ASSERT_OFFSET(ZeCartridgeFont, next, 4);
+ZEAPI_ASSERT_SIZE(ZeCartridgeFont, 8);
+
+/** What a font cartridge holds. The structure and its name are memory of their own. */
+typedef struct ZeCartridge {
+  char* name;             /**< 0: name of the cartridge; 80 bytes. */
+  ZeCartridgeFont* fonts; /**< 4: first of its fonts, or null. */
+} ZeCartridge;
+ZEAPI_ASSERT_OFFSET(ZeCartridge, name, 0);
+ZEAPI_ASSERT_OFFSET(ZeCartridge, fonts, 4);
+ZEAPI_ASSERT_SIZE(ZeCartridge, 8);
+
+/**
+ * What ZeFonQueryInfo() tells about a font file; 714 bytes. Texts are terminated; longer ones are
+ * cut to their field. A companion file's path that does not fit its field counts as missing.
+ */
+typedef struct ZeFontInfo {
+  uint32_t flags;          /**< 0: ZE_FONT_BINARY to ZE_FONT_BIT_5. */
+  uint32_t kind;           /**< 4: ZE_FONT_KIND_... */
+  uint32_t format;         /**< 8: ZE_FONT_TYPE1 to ZE_FONT_CARTRIDGE. */
+  uint16_t xResolution;    /**< 12: dots per inch; ZE_FONT_PCL_RESOLUTION only. */
+  uint16_t yResolution;    /**< 14: dots per inch; ZE_FONT_PCL_RESOLUTION only. */
+  uint32_t fileSize;       /**< 16: bytes. */
+  uint32_t printerMemory;  /**< 20: estimate of the printer memory that it takes, bytes. */
+  char description[80];    /**< 24: readable description in one line. */
+  char detail[80];         /**< 104: PCL: vendor, typeface and font number; AFM: menu name and
+                                style of the INF companion. */
+  char symbolSet[6];       /**< 184: PCL symbol set code such as "8U"; empty when unbound. */
+  char companionFile[260]; /**< 190: companion that download or conversion needs. */
+  char metricsFile[260];   /**< 450: Windows metrics file that belongs to the font. */
+  ZeCartridge* cartridge;  /**< 710: PCM files only, otherwise null. */
+} ZeFontInfo;
+ZEAPI_ASSERT_OFFSET(ZeFontInfo, flags, 0);
+ZEAPI_ASSERT_OFFSET(ZeFontInfo, kind, 4);
+ZEAPI_ASSERT_OFFSET(ZeFontInfo, format, 8);
+ZEAPI_ASSERT_OFFSET(ZeFontInfo, xResolution, 12);
+ZEAPI_ASSERT_OFFSET(ZeFontInfo, yResolution, 14);
+ZEAPI_ASSERT_OFFSET(ZeFontInfo, fileSize, 16);
+ZEAPI_ASSERT_OFFSET(ZeFontInfo, printerMemory, 20);
+ZEAPI_ASSERT_OFFSET(ZeFontInfo, description, 24);
+ZEAPI_ASSERT_OFFSET(ZeFontInfo, detail, 104);
+ZEAPI_ASSERT_OFFSET(ZeFontInfo, symbolSet, 184);
+ZEAPI_ASSERT_OFFSET(ZeFontInfo, companionFile, 190);
+ZEAPI_ASSERT_OFFSET(ZeFontInfo, metricsFile, 450);
+ZEAPI_ASSERT_OFFSET(ZeFontInfo, cartridge, 710);
+ZEAPI_ASSERT_SIZE(ZeFontInfo, 714);
 
 #pragma pack(pop)
 
@@ -264,6 +354,35 @@ ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeDatSendFile(const char* fileName, const char*
 ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeDatSendString(const char* text, const char* printerName,
                                                  const ZeDestination* destination,
                                                  uint32_t append) ZEAPI_NOEXCEPT;
+/** @} */
+
+/** @name Fonts */
+/** @{ */
+
+/**
+ * Looks at one font file and tells what it is. The kind is decided by the extension: the first
+ * three characters after the last dot of the whole path, in any case. CFG, FF, TYP, TXT, ME, BAT,
+ * CMD, COM and EXE are refused; an extension that is not of a known kind means a PCL soft font
+ * (font header behind ESC ")s", digits, "W"), whose parse rewrites the diagnostic file
+ * `c:\apifonts.txt`. Formats read: PFA, PFB, AFM with INF, PFM, PSM, PBM, PCM, DLF, FMF; TFM, FOT
+ * and TTF are told by their names alone.
+ * @param fontFile  at most ZE_MAX_NAME characters.
+ * @param info      cleared first, then filled; on failure it holds what was known by then. The
+ *                  `cartridge` of a PCM file belongs to the caller, who releases each font's name
+ *                  and each font, then the cartridge's name and the cartridge, with ZeMemFree().
+ * @param queryOption  which companion files must be there; any value but 2, 4 and 5 asks for none.
+ *        2: DLF: the FMF. PFA, PFB: the AFM. 4: PFA, PFB: the PFM, or the INF and the AFM. AFM: the
+ *        INF. 5: as 4, but what is missing is no failure.
+ * @param includeMetricFiles  0: AFM, FMF, PFM, PSM, PBM, PCM and TFM are refused unopened.
+ * @return ZE_OK; ZE_INVALID_ARGUMENT (null argument, name too long or without an extension);
+ *         ZE_FILE_NOT_FOUND; ZE_OPEN_FAILED; ZE_OUT_OF_MEMORY; ZE_BAD_FORMAT (not a font file, a
+ *         refused one, or any FOT file, for which the record is filled all the same);
+ *         ZE_UNSUPPORTED: the record is filled but a companion file is missing (an AFM file always
+ *         needs its PFB; one whose INF is missing is not read and its record stays empty).
+ */
+ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeFonQueryInfo(const char* fontFile, ZeFontInfo* info,
+                                                uint32_t queryOption,
+                                                uint32_t includeMetricFiles) ZEAPI_NOEXCEPT;
 /** @} */
 
 /** @name Files */

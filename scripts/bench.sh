@@ -13,5 +13,5 @@ quietly() {
 
 quietly cmake --preset release
 quietly cmake --build --preset release --target zeapi_bench
-quietly build/release/bench/zeapi_bench --benchmark_out="$work/results" --benchmark_out_format=json
+quietly build/release/bin/zeapi_bench --benchmark_out="$work/results" --benchmark_out_format=json
 python3 bench/report.py "$work/results"

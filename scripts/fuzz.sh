@@ -28,7 +28,7 @@ run_target() {
   mkdir -p "build/fuzz/corpus/$target" "$work/$target.tmp"
   local code=0 TIMEFORMAT='%U %S'
   {
-    time TMPDIR="$work/$target.tmp" "build/fuzz/fuzz/zeapi_fuzz_$target" "${options[@]}" \
+    time TMPDIR="$work/$target.tmp" "build/fuzz/bin/zeapi_fuzz_$target" "${options[@]}" \
       "build/fuzz/corpus/$target" "fuzz/corpus/$target" >"build/fuzz/logs/$target" 2>&1 || code=$?
   } 2>"$work/$target.time"
   echo "$code" >"$work/$target.code"

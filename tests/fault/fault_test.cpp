@@ -6,6 +6,8 @@
 #include <set>
 
 #include "fault/injector.h"
+#include "fonts/cartridge.h"
+#include "support/fonts.h"
 #include "support/job.h"
 
 namespace zeapi::testing {
@@ -232,6 +234,94 @@ TEST_F(FaultTest, SizeAndExistenceAreZeroWhenTheSystemDoesNotTell) {
     EXPECT_LE(exists, 1U);
     if (FailedFunction().empty()) break;
   }
+}
+
+// --- Font queries. A record that reports success is whole; 27 also stands for a file that cannot
+// be read, and a companion that cannot be seen counts as missing.
+
+const std::set<std::uint32_t> kFontCodes = {ZE_FILE_NOT_FOUND, ZE_OPEN_FAILED, ZE_OUT_OF_MEMORY,
+                                            ZE_BAD_FORMAT, ZE_UNSUPPORTED};
+
+class FontFaultTest : public FaultTest {
+ protected:
+  void TearDown() override {
+    Release();
+    FaultTest::TearDown();
+  }
+  void FailEachQuery(
+      const std::string& path, std::uint32_t option, const char* description,
+      const std::function<void()>& more = [] {}) {
+    FailEachInTurn({[this] { Release(); },
+                    [this, path, option] { return ZeFonQueryInfo(path.c_str(), &info, option, 1); },
+                    kFontCodes,
+                    [this, description, more] {
+                      EXPECT_STREQ(info.description, description);
+                      more();
+                    }});
+  }
+  void Release() {
+    FreeCartridge(info.cartridge);
+    info = {};
+  }
+
+  ZeFontInfo info = {};
+};
+
+TEST_F(FontFaultTest, PclFont) {
+  WriteFile("font.sfp", PclFontFile{}.File());
+  FailEachQuery("font.sfp", 0, "Courier  Bd [12.0 Pt.] (Roman-8)");
+}
+
+TEST_F(FontFaultTest, Pfb) {
+  WriteFile("font.pfb", "/FontName /Courier\n/Encoding 256 array\n" + std::string(20000, 'x'));
+  WriteFile("font.AFM", "x");
+  FailEachQuery("font.pfb", 2, "Courier", [this] {
+    EXPECT_EQ(info.flags & ZE_FONT_STANDARD, 0U);
+    EXPECT_STREQ(info.companionFile, "font.AFM");
+  });
+}
+
+TEST_F(FontFaultTest, Pfa) {
+  WriteFile("font.pfa", "%!PS\n/FontName /Courier\n");
+  FailEachQuery("font.pfa", 0, "Courier");
+}
+
+TEST_F(FontFaultTest, Afm) {
+  WriteFile("font.afm",
+            "FontName Courier\nStartKernData\nStartKernPairs 1\nKPX A B 1\nEndFontMetrics\n");
+  WriteFile("font.INF", "MSMenuName (Courier)\n");
+  WriteFile("font.PFB", "x");
+  FailEachQuery("font.afm", 4, "Courier", [this] {
+    EXPECT_STREQ(info.detail, "Courier");
+    EXPECT_STREQ(info.companionFile, "font.PFB");
+  });
+}
+
+TEST_F(FontFaultTest, Dlf) {
+  WriteFile("font.dlf", DlfFile{}.File());
+  WriteFile("font.FMF", "x");
+  FailEachQuery("font.dlf", 2, "Courier                      10.0 pitch  cp: 850 ");
+}
+
+TEST_F(FontFaultTest, Fmf) {
+  WriteFile("font.fmf", FmfFile("Courier"));
+  FailEachQuery("font.fmf", 0, "Courier");
+}
+
+TEST_F(FontFaultTest, Pfm) {
+  WriteFile("font.pfm", PfmFile{}.File());
+  FailEachQuery("font.pfm", 0, "Courier");
+}
+
+TEST_F(FontFaultTest, Pcm) {
+  PcmFile cartridge;
+  cartridge.entries = {PfmFile{}.File(), PfmFile{}.File()};
+  WriteFile("cart.pcm", cartridge.File());
+  FailEachQuery("cart.pcm", 0, "Forms Cartridge", [this] {
+    ASSERT_TRUE(info.cartridge != nullptr);
+    ASSERT_TRUE(info.cartridge->fonts != nullptr);
+    EXPECT_TRUE(info.cartridge->fonts->next != nullptr);
+  });
 }
 
 // The log is opened, written and closed for each line; each of these may fail without a trace.

@@ -1,0 +1,35 @@
+// PCL soft fonts: finding and classifying the font descriptor of a file.
+#pragma once
+
+#include <cstdio>
+
+#include "base/stream.h"
+#include "fonts/pcl_descriptor.h"
+#include "zeapi.h"
+
+namespace zeapi {
+
+struct PclFont {
+  PclRawDescriptor raw = {};
+  PclDescriptor descriptor;
+  std::uint32_t format = 0;       // ZE_FONT_PCL_...
+  std::uint16_t xResolution = 0;  // dots per inch, ZE_FONT_PCL_RESOLUTION only
+  std::uint16_t yResolution = 0;
+};
+
+// True for ZE_FONT_PCL_BOUND, ZE_FONT_PCL_UNBOUND and ZE_FONT_PCL_TRUETYPE.
+bool IsScalablePcl(std::uint32_t format);
+
+// Opens a file that begins with the font header command and stands the stream behind it. Null when
+// it cannot be opened or does not begin so.
+Stream OpenPclFont(const char* path);
+
+// Reads the descriptor where OpenPclFont left the stream, and lists it (DumpPclDescriptor). False
+// when it is cut short or of no known format, size or font type.
+bool ReadPclFont(std::FILE* stream, PclFont* font);
+
+// Layout class (0, 1, 2 or 4) of the last descriptor that had a known format and size; process-wide
+// state. It selects the layout of the characters that follow.
+int LastPclDescriptorClass();
+
+}  // namespace zeapi

@@ -1,0 +1,73 @@
+#include "fonts/pfm_block.h"
+
+#include <cstdio>
+#include <string_view>
+
+#include "base/byte_reader.h"
+#include "fonts/field_text.h"
+#include "fonts/font_stream.h"
+
+namespace zeapi {
+namespace {
+
+constexpr std::uint32_t kShortestFile = 256;
+constexpr std::size_t kSizeOffset = 2;
+constexpr std::size_t kItalicOffset = 80;
+constexpr std::size_t kWeightOffset = 83;
+constexpr std::size_t kFaceOffset = 105;
+constexpr std::size_t kZeroWordOffset = 117;  // of the layout that is 32 bytes longer than it says
+constexpr std::uint32_t kLongerBy = 32;
+constexpr std::uint16_t kBold = 700;
+constexpr std::size_t kLongestFace = 80;
+
+std::uint32_t U32At(std::span<const std::uint8_t> bytes, std::size_t offset) {
+  ByteReader reader(bytes);
+  reader.Seek(offset);
+  return reader.U32Le();
+}
+
+bool IsValid(std::span<const std::uint8_t> block, std::uint32_t fileSize) {
+  const std::uint32_t size = PfmSize(block);
+  if (size == fileSize && FaceOffsetInRange(PfmFaceOffset(block))) return true;
+  ByteReader reader(block);
+  reader.Seek(kZeroWordOffset);
+  return std::uint64_t{size} + kLongerBy == fileSize && reader.U16Le() == 0 && reader.ok();
+}
+
+}  // namespace
+
+std::uint32_t PfmSize(std::span<const std::uint8_t> block) { return U32At(block, kSizeOffset); }
+
+std::uint32_t PfmFaceOffset(std::span<const std::uint8_t> block) {
+  return U32At(block, kFaceOffset);
+}
+
+bool FaceOffsetInRange(std::uint32_t offset) { return offset > 34 && offset < 2048; }
+
+bool ReadPfmBlock(std::FILE* stream, PfmBlock* block) {
+  const std::uint32_t fileSize = StreamSize(stream);
+  if (fileSize < kShortestFile) return false;
+  block->room = CHeapBytes<std::uint8_t>(kPfmBlock);
+  if (block->room == nullptr) return false;
+  block->bytes = ReadUpTo(stream, std::span(block->room.get(), kPfmBlock));
+  return IsValid(block->bytes, fileSize);
+}
+
+PfmName PfmFontName(std::span<const std::uint8_t> block) {
+  PfmName name = {};
+  ByteReader header(block);
+  header.Seek(kItalicOffset);
+  const bool italic = header.U8() != 0;
+  header.Seek(kWeightOffset);
+  const bool bold = header.U16Le() >= kBold;
+  header.Seek(kFaceOffset);
+  header.Seek(header.U32Le());
+  if (!header.ok()) return name;
+  const std::string_view face = TextIn(header.Bytes(header.remaining())).substr(0, kLongestFace);
+  if (face.empty()) return name;
+  std::snprintf(name.text, sizeof(name.text), "%.*s%s%s", static_cast<int>(face.size()),
+                face.data(), italic ? " (It)" : "", bold ? " (Bd)" : "");
+  return name;
+}
+
+}  // namespace zeapi

@@ -1,0 +1,31 @@
+// Lines of a text file that a font brings: PFA, AFM, INF.
+#pragma once
+
+#include <array>
+#include <cstdio>
+#include <string_view>
+
+namespace zeapi {
+
+// Gives the lines of a stream one by one without their ends (LF, CR LF or CR). Of a line that is
+// longer than its room only the beginning is given.
+class TextLines {
+ public:
+  explicit TextLines(std::FILE* stream) : stream_(stream) {}
+
+  // False at the end of the text. `line` is valid until the next call.
+  bool Next(std::string_view* line);
+
+ private:
+  std::FILE* stream_;
+  std::array<char, 1024> room_;
+};
+
+// The first word of `text`, which ends before white space or with the text; what follows it and the
+// white space behind it stays in `text`.
+std::string_view TakeWord(std::string_view* text);
+
+// The text up to the first white space or zero byte.
+std::string_view UpToWhiteSpace(std::string_view text);
+
+}  // namespace zeapi
