@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
 # Builds the fuzz preset and lets each target look for inputs that break it, two at a time.
 #   scripts/fuzz.sh [SECONDS]    a target, 5 by default
-# What a target learned stays in build/fuzz/corpus/ for the next run. Inputs that broke one lie in
-# build/fuzz/findings/, named after it, and end the script with failure.
+# What a target learned stays in build/fuzz/corpus/ for the next run, its log in build/fuzz/logs/. Inputs
+# that broke one lie in build/fuzz/findings/, named after it, and end the script with failure.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -29,24 +29,24 @@ run_target() {
   local code=0 TIMEFORMAT='%U %S'
   {
     time TMPDIR="$work/$target.tmp" "build/fuzz/bin/zeapi_fuzz_$target" "${options[@]}" \
-      "build/fuzz/corpus/$target" "fuzz/corpus/$target" >"$work/$target.log" 2>&1 || code=$?
+      "build/fuzz/corpus/$target" "fuzz/corpus/$target" >"build/fuzz/logs/$target" 2>&1 || code=$?
   } 2>"$work/$target.time"
   echo "$code" >"$work/$target.code"
 }
 
 # The counter's last value in a target's log, "-" where it never came so far.
 counter() {
-  { grep -o "$2[: ] *[0-9]*" "$work/$1.log" || echo -; } | tail -n 1 | grep -o '[0-9]*$\|-'
+  { grep -o "$2[: ] *[0-9]*" "build/fuzz/logs/$1" || echo -; } | tail -n 1 | grep -o '[0-9]*$\|-'
 }
 
 quietly cmake --preset fuzz
 quietly cmake --build --preset fuzz
-mkdir -p build/fuzz/findings
+mkdir -p build/fuzz/findings build/fuzz/logs
 mapfile -t targets <build/fuzz/fuzz/targets.txt
 
 for target in "${targets[@]}"; do
   while (($(jobs -rp | wc -l) >= 2)); do
-    wait -n
+    wait -n || true
   done
   run_target "$target" &
 done
@@ -57,10 +57,11 @@ row='%-14s %8s %12s %8s %10s %8s  %s\n'
 printf "$row" target 'CPU s' executions edges features inputs findings
 for target in "${targets[@]}"; do
   finding=none
-  if [[ $(<"$work/$target.code") != 0 ]]; then
+  code=$(<"$work/$target.code")
+  if [[ $code != 0 ]]; then
     failed=1
-    finding=$(grep -o 'build/fuzz/findings/[^ ]*' "$work/$target.log" | tail -n 1 || true)
-    finding=${finding:-"ended without one: $(tail -n 1 "$work/$target.log")"}
+    finding=$(grep -o 'build/fuzz/findings/[^ ]*' "build/fuzz/logs/$target" | tail -n 1 || true)
+    finding=${finding:-"none, but it ended with code $code: see build/fuzz/logs/$target"}
   fi
   printf "$row" "$target" "$(awk '{ printf "%.0f", $1 + $2 }' "$work/$target.time")" \
     "$(counter "$target" number_of_executed_units)" "$(counter "$target" cov)" \
