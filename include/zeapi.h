@@ -82,6 +82,7 @@ enum ZeResult {
   ZE_ACCESS_DENIED = 5,         /**< The system refused access to a file. */
   ZE_READ_FAILED = 6,           /**< Reading the input file failed. */
   ZE_WRITE_FAILED = 7,          /**< A file took fewer bytes than were written. */
+  ZE_SEEK_FAILED = 8,           /**< A file could not be positioned. */
   ZE_OUT_OF_MEMORY = 11,        /**< Memory could not be had. */
   ZE_PRINTER_WRITE_FAILED = 14, /**< The spooler or the bidirectional DLL refused data. */
   ZE_NOT_DOS_DISK = 16,         /**< The disk's format is not known to the system. */
@@ -89,10 +90,17 @@ enum ZeResult {
   ZE_UNUSABLE = 26,             /**< The bidirectional DLL, a path or a work file cannot be used. */
   ZE_BAD_FORMAT = 27,           /**< Not a file or name that this operation can work on. */
   ZE_DRIVE_LOCKED = 28,         /**< The drive is locked or lacks a needed ability. */
+  ZE_BAD_HEADER = 29,           /**< The head of a file is not one of its kind. */
   ZE_SHARING_VIOLATION = 31,    /**< Somebody else has the file open. */
   ZE_UNSUPPORTED = 32,          /**< Not supported; a remark, not a failure, from font queries. */
   ZE_COPY_FAILED = 36,          /**< Copying failed for a reason without a code of its own. */
-  ZE_NO_BACKUP_NAME = 37        /**< All 998 backup names are taken. */
+  ZE_NO_BACKUP_NAME = 37,       /**< All 998 backup names are taken. */
+  ZE_KEY_NOT_FOUND = 41,        /**< The section has no such key. */
+  ZE_BUFFER_TOO_SMALL = 42,     /**< The answer does not fit the caller's buffer. */
+  ZE_BAD_CHECKSUM = 43,         /**< A file's checksum is not the one that it states. */
+  ZE_UNKNOWN_TYPE = 44,      /**< A file of another type than asked; a printer without a number. */
+  ZE_SECTION_NOT_FOUND = 45, /**< The file has no such section. */
+  ZE_DEFAULT_USED = 48       /**< A remark: nothing was found and the default was copied. */
 };
 
 /** Bits of ZeDestination::flags. Other bits are not read. */
@@ -383,6 +391,106 @@ ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeDatSendString(const char* text, const char* p
 ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeFonQueryInfo(const char* fontFile, ZeFontInfo* info,
                                                 uint32_t queryOption,
                                                 uint32_t includeMetricFiles) ZEAPI_NOEXCEPT;
+/** @} */
+
+/** @name INI files
+ *
+ * A file is loaded whole when it is opened, answered and edited in memory, and written back to the
+ * same name by ZeIniClose() if an edit was asked for. In between it is not held open. It is never
+ * read or written through the profile calls of the system.
+ *
+ * A line `[name]` heads a section, a line with a `=` is a key and its value (all that follows the
+ * first `=`, taken literally). Trailing blanks of lines and of keys are dropped on loading; tabs and
+ * leading blanks are kept. Lines longer than 1019 characters are taken as several. Section names,
+ * keys and values are the same in either case of "a" to "z", whatever the locale. Of several sections
+ * or keys of one name the first counts.
+ *
+ * A handle is used by one thread at a time. A null handle is answered as stated with each call.
+ */
+/** @{ */
+
+/** Modes of ZeIniOpen2(). */
+enum ZeIniMode {
+  ZE_INI_READ = 1, /**< Existing file; empty lines and comments (`;` first, no `=`) are dropped. */
+  ZE_INI_UPDATE = 7, /**< Existing file that can be written; every line is kept. */
+  ZE_INI_CREATE = 8, /**< Makes the file or empties it at once. */
+  ZE_INI_APPEND = 9  /**< Like ZE_INI_UPDATE, but makes the file when it is missing. */
+};
+
+/**
+ * Opens a file like ZeIniOpen2() with ZE_INI_READ, unless it has no lines to keep.
+ * @return a handle for ZeIniClose(), or null.
+ */
+ZEAPI_EXPORT void* ZEAPI_CALL ZeIniOpen(const char* name) ZEAPI_NOEXCEPT;
+
+/**
+ * Loads a file.
+ * @param name  at most ZE_MAX_NAME characters.
+ * @param mode  of ZeIniMode; any other value gives null and touches no file.
+ * @return a handle for ZeIniClose(); null when the file does not open or cannot be read to its end,
+ *         when the name is null or too long, or when memory runs out.
+ */
+ZEAPI_EXPORT void* ZEAPI_CALL ZeIniOpen2(const char* name, uint32_t mode) ZEAPI_NOEXCEPT;
+
+/**
+ * Ends a handle. The file is written when one of ZeIniWrite(), ZeIniWriteAll() and ZeIniDelete() was
+ * called, even if it changed nothing; what ZE_INI_READ dropped is then lost from it.
+ * @return 1; 0 when the file cannot be opened for writing (the handle is gone all the same) and for
+ *         a null handle.
+ */
+ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeIniClose(void* handle) ZEAPI_NOEXCEPT;
+
+/**
+ * Looks up a value or goes through lines. With a key: its value. With a null key: the next line that
+ * is no header, as it stands, an empty one as an empty string. The search begins below the section's
+ * header, or with a null `section` behind the line that the last successful call on this handle
+ * returned; it ends with the next header, which with a key is itself looked at for a `=`. After a
+ * failure there is no line to go on from.
+ * @return text inside the image, valid until that line is rewritten or deleted or the handle is
+ *         closed, not to be freed; an empty string when there is nothing (and for a null handle).
+ */
+ZEAPI_EXPORT const char* ZEAPI_CALL ZeIniRead(void* handle, const char* section,
+                                              const char* key) ZEAPI_NOEXCEPT;
+
+/**
+ * Copies a value.
+ * @param fallback  null, or what is copied when the file has no such key or section; may be empty.
+ * @param size      bytes of `buffer`.
+ * @param count     receives the characters stored, without the terminator.
+ * @return ZE_OK; ZE_INVALID_ARGUMENT (null handle, section, key, buffer or count, or size 0;
+ *         `count` is left alone); ZE_KEY_NOT_FOUND; ZE_SECTION_NOT_FOUND; ZE_DEFAULT_USED;
+ *         ZE_BUFFER_TOO_SMALL: the buffer holds `size` characters of the value or default and no
+ *         terminator. When memory runs out: ZE_OK, the count 0 and nothing stored.
+ */
+ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeIniRead2(void* handle, const char* section, const char* key,
+                                            const char* fallback, char* buffer, uint32_t size,
+                                            uint32_t* count) ZEAPI_NOEXCEPT;
+
+/**
+ * Sets a key. Only the section's lines up to the first empty one are looked at: a key found there gets
+ * the new line `key=value` in its place, otherwise that line is added behind them. A missing section
+ * is appended to the file, behind an empty line.
+ * @return 1; 0 when memory runs out or an argument is null.
+ */
+ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeIniWrite(void* handle, const char* section, const char* key,
+                                            const char* value) ZEAPI_NOEXCEPT;
+
+/**
+ * Like ZeIniWrite(), but for keys that have several values: adds a line `key=value` unless there is one
+ * with this key and value.
+ */
+ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeIniWriteAll(void* handle, const char* section, const char* key,
+                                               const char* value) ZEAPI_NOEXCEPT;
+
+/**
+ * Removes the first line of a section that has the key and, unless `value` is null, the value. Here a
+ * line is cut at each run of `=`: its first piece that is not empty is the key (a line without `=` is
+ * all key), the next one the value.
+ * @param key  null removes the section's header alone; its lines then belong to the section above.
+ * @return 1, also when nothing was removed; 0 when memory runs out and for a null handle or section.
+ */
+ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeIniDelete(void* handle, const char* section, const char* key,
+                                             const char* value) ZEAPI_NOEXCEPT;
 /** @} */
 
 /** @name Files */

@@ -5,6 +5,15 @@ namespace {
 char buffer[1024];
 ZeApiInfo info;
 
+// For an export that answers with an empty string of the library's own: where it is cannot be known.
+ExportCall EmptyText(ExportCall row) {
+  row.answerMask = 0;
+  row.call = [call = row.call](const void* entry) -> std::uintptr_t {
+    return *reinterpret_cast<const char*>(call(entry)) == '\0' ? 0 : 1;
+  };
+  return row;
+}
+
 }  // namespace
 
 // A new export gets one line here, in alphabetical order.
@@ -26,6 +35,14 @@ const std::vector<ExportCall>& ExportCalls() {
       EXPORT_CALL(ZeGenQueryApiInfo,   4, Nothing{},           &info),
       EXPORT_CALL(ZeGenQueryQueues,   16, ZE_OK,               0U, 0U, buffer, 1024U),
       EXPORT_CALL(ZeGenResource,      16, ZE_INVALID_ARGUMENT, 0, nullptr, nullptr, 0),
+      EXPORT_CALL(ZeIniClose,          4, 0U,                  nullptr),
+      EXPORT_CALL(ZeIniDelete,        16, 0U,                  nullptr, "s", "k", "v"),
+      EXPORT_CALL(ZeIniOpen,           4, nullptr,             "no such file"),
+      EXPORT_CALL(ZeIniOpen2,          8, nullptr,             "no such file", 7U),
+      EmptyText(EXPORT_CALL(ZeIniRead, 12, nullptr,   nullptr, "s", "k")),
+      EXPORT_CALL(ZeIniRead2,         28, ZE_INVALID_ARGUMENT, nullptr, "s", "k", nullptr, buffer, 9U, nullptr),
+      EXPORT_CALL(ZeIniWrite,         16, 0U,                  nullptr, "s", "k", "v"),
+      EXPORT_CALL(ZeIniWriteAll,      16, 0U,                  nullptr, "s", "k", "v"),
       EXPORT_CALL(ZeMemFree,           4, Nothing{},           nullptr),
       EXPORT_CALL(ZeNetGetType,        4, 0U,                  1U),
       EXPORT_CALL(ZeStrCpyFile,        8, buffer,              buffer, "c:\\folder\\name"),

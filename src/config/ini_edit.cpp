@@ -1,0 +1,130 @@
+#include <algorithm>
+
+#include "config/ini_file.h"
+
+namespace zeapi {
+namespace {
+
+std::string Joined(std::string_view key, std::string_view value) {
+  std::string text;
+  text.reserve(key.size() + value.size() + 1);
+  return text.append(key).append(1, '=').append(value);
+}
+
+IniLine* Insert(IniFile* file, IniLine* before, std::string_view text) {
+  IniLine* line = file->lines.Insert(before, text);
+  file->longest = std::max(file->longest, line->length + 1);
+  return line;
+}
+
+void AppendSection(IniFile* file, std::string_view section, const std::string& keyLine) {
+  IniLines& lines = file->lines;
+  if (!lines.last()->IsEmpty()) Insert(file, lines.last(), "");
+  std::string header = "[";
+  header.append(section).append(1, ']');
+  file->index.SectionAppended(Insert(file, lines.last(), header));
+  Insert(file, lines.last(), keyLine);
+  if (keyLine[0] == '[') file->index.SectionsChanged();
+}
+
+void InsertKey(IniFile* file, IniSection* section, IniLine* before, const std::string& keyLine) {
+  const IniLine* line = Insert(file, before, keyLine);
+  if (line->IsHeader()) {
+    file->index.SectionsChanged();
+  } else {
+    IniIndex::KeysChanged(section);
+  }
+}
+
+// A section's first block of lines: what stands between its header and the first empty line or header.
+struct FirstBlock {
+  IniLine* match;  // the first line that is looked for, or null
+  IniLine* last;   // the last line before it, or the header
+};
+
+template <typename Matches>
+FirstBlock ScanFirstBlock(const IniSection& section, Matches matches) {
+  FirstBlock block = {nullptr, section.header};
+  for (IniLine* line = section.header->next;
+       line != nullptr && !line->IsEmpty() && !line->IsHeader(); line = line->next) {
+    if (line->HasKey() && matches(*line)) {
+      block.match = line;
+      break;
+    }
+    block.last = line;
+  }
+  return block;
+}
+
+// Pieces of a line between runs of "=".
+std::string_view TakePiece(std::string_view* rest) {
+  const std::size_t begin = std::min(rest->find_first_not_of('='), rest->size());
+  const std::string_view piece = rest->substr(begin, rest->find('=', begin) - begin);
+  rest->remove_prefix(begin + piece.size());
+  return piece;
+}
+
+// Deleting looks at pieces, not at what stands before and behind the first "=": a line without
+// "=" is all key, and a value ends at the next "=".
+bool MatchesPieces(const IniLine& line, std::string_view key, const char* value) {
+  std::string_view rest = line.view();
+  const std::string_view keyPiece = TakePiece(&rest);
+  if (keyPiece.empty() || !SameFolded(keyPiece, key)) return false;
+  if (value == nullptr) return true;
+  const std::string_view valuePiece = TakePiece(&rest);
+  return !valuePiece.empty() && SameFolded(valuePiece, value);
+}
+
+void Remove(IniFile* file, IniLine* before) {
+  if (file->cursor == before->next) file->cursor = before->next->next;
+  file->lines.RemoveBehind(before);
+}
+
+void RemoveHeader(IniFile* file, const IniLine* header) {
+  IniLine* before = file->lines.head();
+  while (before->next != header) before = before->next;
+  Remove(file, before);
+  file->index.SectionsChanged();
+}
+
+}  // namespace
+
+void IniWrite(IniFile* file, std::string_view section, std::string_view key,
+              std::string_view value) {
+  file->flags |= kIniModified;
+  const std::string keyLine = Joined(key, value);
+  IniSection* found = file->index.FindSection(section);
+  if (found == nullptr) return AppendSection(file, section, keyLine);
+  const FirstBlock block =
+      ScanFirstBlock(*found, [&](const IniLine& line) { return SameFolded(line.Key(), key); });
+  if (block.match == nullptr) return InsertKey(file, found, block.last, keyLine);
+  IniLines::Rewrite(block.match, keyLine);
+}
+
+void IniWriteAll(IniFile* file, std::string_view section, std::string_view key,
+                 std::string_view value) {
+  file->flags |= kIniModified;
+  const std::string keyLine = Joined(key, value);
+  IniSection* found = file->index.FindSection(section);
+  if (found == nullptr) return AppendSection(file, section, keyLine);
+  const FirstBlock block = ScanFirstBlock(*found, [&](const IniLine& line) {
+    return SameFolded(line.Key(), key) && SameFolded(line.Value(), value);
+  });
+  if (block.match == nullptr) InsertKey(file, found, block.last, keyLine);
+}
+
+void IniDelete(IniFile* file, const char* section, const char* key, const char* value) {
+  file->flags |= kIniModified;
+  IniSection* found = file->index.FindSection(section);
+  if (found == nullptr) return;
+  if (key == nullptr) return RemoveHeader(file, found->header);
+  for (IniLine* before = found->header; before->next != nullptr && !before->next->IsHeader();
+       before = before->next) {
+    if (!MatchesPieces(*before->next, key, value)) continue;
+    Remove(file, before);
+    IniIndex::KeysChanged(found);
+    return;
+  }
+}
+
+}  // namespace zeapi

@@ -1,0 +1,89 @@
+#include "config/ini_lines.h"
+
+#include <algorithm>
+#include <new>
+
+namespace zeapi {
+namespace {
+
+constexpr std::size_t kBlock = 65536;
+
+std::uint32_t LengthOf(std::string_view text) {
+  if (text.size() >= UINT32_MAX) throw std::bad_alloc();
+  return static_cast<std::uint32_t>(text.size());
+}
+
+void Store(std::string_view text, char* room) { *std::copy(text.begin(), text.end(), room) = '\0'; }
+
+char* NewText(std::string_view text) {
+  auto room = std::make_unique_for_overwrite<char[]>(std::size_t{LengthOf(text)} + 1);
+  Store(text, room.get());
+  return room.release();
+}
+
+}  // namespace
+
+IniLines::~IniLines() {
+  for (IniLine* line = first(); line != nullptr;) {
+    IniLine* next = line->next;
+    Release(line);
+    line = next;
+  }
+}
+
+void* IniLines::Reserve(std::size_t size) {
+  size = (size + alignof(IniLine) - 1) / alignof(IniLine) * alignof(IniLine);
+  if (blocks_.empty() || kBlock - used_ < size) {
+    blocks_.push_back(std::make_unique_for_overwrite<char[]>(kBlock));
+    used_ = 0;
+  }
+  char* room = blocks_.back().get() + used_;
+  used_ += size;
+  return room;
+}
+
+void IniLines::Link(IniLine* before, IniLine* line) {
+  line->next = before->next;
+  before->next = line;
+  if (last_ == before) last_ = line;
+}
+
+void IniLines::Load(std::string_view text) {
+  void* room = Reserve(sizeof(IniLine) + text.size() + 1);
+  char* place = static_cast<char*>(room) + sizeof(IniLine);
+  Store(text, place);
+  Link(last_, new (room) IniLine{place, nullptr, LengthOf(text), false, false});
+}
+
+IniLine* IniLines::Insert(IniLine* before, std::string_view text) {
+  auto line = std::make_unique<IniLine>();
+  *line = {NewText(text), nullptr, LengthOf(text), true, true};
+  Link(before, line.get());
+  return line.release();
+}
+
+void IniLines::RemoveBehind(IniLine* before) {
+  IniLine* line = before->next;
+  before->next = line->next;
+  if (last_ == line) last_ = before;
+  Release(line);
+}
+
+void IniLines::Rewrite(IniLine* line, std::string_view text) {
+  if (line->length < text.size()) {
+    char* room = NewText(text);
+    if (line->ownsText) delete[] line->text;
+    line->text = room;
+    line->ownsText = true;
+  } else {
+    Store(text, line->text);
+  }
+  line->length = LengthOf(text);
+}
+
+void IniLines::Release(IniLine* line) {
+  if (line->ownsText) delete[] line->text;
+  if (line->ownsSelf) delete line;
+}
+
+}  // namespace zeapi
