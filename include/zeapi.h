@@ -493,6 +493,334 @@ ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeIniDelete(void* handle, const char* section, 
                                              const char* value) ZEAPI_NOEXCEPT;
 /** @} */
 
+/** @name Panel configuration
+ *
+ * The file `opcNNN.cfg` (an INI file) describes the dialogs of one printer model's operator panel. A
+ * control is named by its key: its identifier in decimal, or where `[Format]` has a `Style` of 2 or more
+ * in four lower-case hexadecimal digits (`001a`), then `-` and the sub-index unless that is 0. Values
+ * longer than 3999 characters are cut; empty entries of lists are passed over. Identifiers, pages and
+ * sizes have 16 bits.
+ *
+ * Queries that give a list return with a null buffer the bytes that it takes. A buffer that is too
+ * small gets that number in its first 16-bit word, if it has room for one, and the call returns -1.
+ * A null handle is answered like a file that says nothing.
+ */
+/** @{ */
+
+/**
+ * Loads the file of a panel, or adds a use to the one that is loaded. The process has five places; a
+ * panel whose file does not open keeps its place.
+ * @param panel      identifier; a negative one is formatted as an unsigned 32-bit number.
+ * @param directory  where the file is, or null for the current directory; 260 characters count.
+ * @return a handle for the calls below and those on INI files, or null.
+ */
+ZEAPI_EXPORT void* ZEAPI_CALL ZeOpcRegisterCfg(int32_t panel, const char* directory) ZEAPI_NOEXCEPT;
+
+/**
+ * Ends one use; with the last the file is closed and the handle is gone.
+ * @return 1; 0 for a handle that is not registered and when closing failed.
+ */
+ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeOpcUnregisterCfg(void* handle) ZEAPI_NOEXCEPT;
+
+/**
+ * Formats `opc%03u.cfg`.
+ * @param buffer  room for 18 bytes.
+ * @return 1.
+ */
+ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeOpcGetFileName(int32_t panel, char* buffer) ZEAPI_NOEXCEPT;
+
+/**
+ * Reads `[Spin Limits]`: numbers between `;`. The first is the minimum, the second the maximum, the next
+ * the third value; behind a minimum of -1 the second is the third value and the maximum is 0.
+ * @param third  left alone when the file has no such number. Null pointers are passed over.
+ */
+ZEAPI_EXPORT void ZEAPI_CALL ZeOpcGetSpinControlLimits(void* handle, int32_t control,
+                                                       int32_t* minimum, int32_t* maximum,
+                                                       int32_t* third) ZEAPI_NOEXCEPT;
+
+/**
+ * Reads `[Combos]`: decimal 16-bit text identifiers between `;`.
+ * @param texts  receives them, in `size` bytes; nothing is stored beyond.
+ * @return their number; for null `texts` the bytes needed; -1; -2 when there is no list; -3 when memory
+ *         runs out.
+ */
+ZEAPI_EXPORT int16_t ZEAPI_CALL ZeOpcGetTextListing(void* handle, int32_t control, int32_t subIndex,
+                                                    uint16_t* texts, int32_t size) ZEAPI_NOEXCEPT;
+
+/** @return the number in `[Edit Lengths]`, 0 when there is none. */
+ZEAPI_EXPORT int16_t ZEAPI_CALL ZeOpcGetMaxEditLength(void* handle, int32_t control) ZEAPI_NOEXCEPT;
+
+/**
+ * Reads the defaults of a page's controls. `[Dialogs]` names the page's own section by the page number; there
+ * `NumCtrls` is their number and `Defaults` has the control (hexadecimal) and its value (decimal) in turn
+ * between `;`.
+ * @param records  receives for each control its identifier (16 bits) and its value (32 bits), 6 bytes
+ *                 without padding, both low byte first; what the file leaves out is left alone.
+ * @return `NumCtrls`; for null `records` the bytes needed; -1; -2 when the page has no section's name
+ *         and when memory runs out.
+ */
+ZEAPI_EXPORT int16_t ZEAPI_CALL ZeOpcGetPageDefaults(void* handle, int32_t page, void* records,
+                                                     int32_t size) ZEAPI_NOEXCEPT;
+
+/**
+ * Like ZeOpcGetPageDefaults(), for the option variables that a page sets: `NumOMVAR` and `OMVAR`,
+ * hexadecimal identifiers between blanks.
+ * @param variables  receives 2 bytes for each, high byte first: all that the file lists, as far as the room
+ *                   goes.
+ * @return the number stored; for null `variables` the bytes that `NumOMVAR` of them take; -1; -2.
+ */
+ZEAPI_EXPORT int16_t ZEAPI_CALL ZeOpcGetPageOmVars(void* handle, int32_t page, void* variables,
+                                                   int32_t size) ZEAPI_NOEXCEPT;
+/** @} */
+
+/** @name QSF files
+ *
+ * Lists of printer option variables. A binary QSF file has a header of 74 bytes, low bytes first: magic
+ * "QS" at 0; checksum (ZeFilChecksum() without word 2) at 2; file type at 4; flags A and B at 5 and 6;
+ * offset and count of block 1 at 44 and 48, of block 2 at 50 and 54, of block 5 at 56 and 60. A block
+ * ends where the next one starts, the last one with the file.
+ */
+/** @{ */
+
+/**
+ * Opens a binary QSF file and checks its header.
+ * @param type    the type that the file must have (low 8 bits).
+ * @param handle  receives a handle for ZeQsfClose(), null on failure.
+ * @return ZE_OK; ZE_INVALID_ARGUMENT (null `handle`); ZE_OPEN_FAILED (also fewer than 74 bytes);
+ *         ZE_OUT_OF_MEMORY; then in this order ZE_UNKNOWN_TYPE, ZE_BAD_HEADER (magic, a flag above 1, or flag
+ *         A alone with an empty block 1), ZE_READ_FAILED, ZE_BAD_CHECKSUM.
+ */
+ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeQsfOpen(const char* path, uint32_t type,
+                                           void** handle) ZEAPI_NOEXCEPT;
+
+/**
+ * Reads a block of variables.
+ * @param block      1, 2 or 5.
+ * @param variables  receives the block, to be released with ZeMemFree(), null when there is none. When
+ *                   both flags are 1 it begins with the length of what follows the prefix (32 bits, low byte
+ *                   first) and the count (16 bits, high byte first).
+ * @param count      receives the number of variables that the header states.
+ * @return ZE_OK (with count 0 and no block when the header states 0); ZE_INVALID_ARGUMENT;
+ *         ZE_READ_FAILED; ZE_SEEK_FAILED; ZE_OUT_OF_MEMORY; ZE_BAD_FORMAT: the block does not lie within
+ *         the file.
+ */
+ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeQsfGetVariables(void* handle, uint32_t block, void** variables,
+                                                   uint16_t* count) ZEAPI_NOEXCEPT;
+
+/** Closes the file. A null handle is allowed. */
+ZEAPI_EXPORT void ZEAPI_CALL ZeQsfClose(void* handle) ZEAPI_NOEXCEPT;
+
+/** Lists of ZeQsfIniGetSection(). */
+enum ZeQsfList {
+  ZE_QSF_REQUIRED = 1,
+  ZE_QSF_OPTIONAL = 2,
+  ZE_QSF_EXCLUDE = 3, /**< Falls back to `[DEFAULTEXCLUDE]`. */
+  ZE_QSF_ORDER = 4    /**< Falls back to `[DEFAULTORDER]`. */
+};
+
+/**
+ * Reads a list of variables from an INI file: section `012REQUIRED` for model 12, with the keys `NUMVARS`,
+ * `NUMENTRIES` and `OMVARS1`, `OMVARS2`, ... of hexadecimal identifiers between blanks, in which every other
+ * character is passed over.
+ * @param ini        handle of an INI file.
+ * @param kind       of ZeQsfList.
+ * @param model      low 8 bits count.
+ * @param variables  receives an array of 16-bit values, high byte first, to be released with
+ *                   ZeMemFree(); null on failure.
+ * @param count      receives their number, 0 on failure.
+ * @return ZE_OK; ZE_INVALID_ARGUMENT; ZE_OUT_OF_MEMORY; ZE_BAD_FORMAT: a number is 0 or too large, an
+ *         entry is empty, or there are not exactly `NUMVARS` variables; or a code of ZeIniRead2().
+ */
+ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeQsfIniGetSection(void* ini, uint32_t kind, uint32_t model,
+                                                    uint16_t** variables,
+                                                    uint16_t* count) ZEAPI_NOEXCEPT;
+/** @} */
+
+/** @name Printer data files
+ *
+ * Text files of printer commands, one record a line, its fields in the order of ZeDatRecord between any
+ * mix of `,` `;` `:` blanks and control characters. Texts stand in double quotes and are cut to their field;
+ * numbers have at most 24 characters and end at `,` `;` `:` or the line's end, not at a blank. Empty lines
+ * and lines that begin with `#` are passed over. Every record ends with a line feed. These calls return
+ * ZE_DAT_... codes.
+ */
+/** @{ */
+
+/** Results of the calls on printer data files. */
+enum ZeDatCode {
+  ZE_DAT_OK = 0,
+  ZE_DAT_INVALID = -1,     /**< Bad path or mode, or no such file. */
+  ZE_DAT_FAILED = -2,      /**< No place or memory; closing failed; a record has a bad format. */
+  ZE_DAT_BAD_HANDLE = -3,  /**< Not the handle of an open file; a null pointer. */
+  ZE_DAT_OPEN_FAILED = -5, /**< The file did not open. */
+  ZE_DAT_NOT_FOUND = -7,   /**< No such record, or none to go on from. */
+  ZE_DAT_END_OF_FILE = -10 /**< There is no further record. */
+};
+
+/** The one mode in which data files open. */
+#define ZE_DAT_READ 2
+
+#pragma pack(push, 1)
+/** A record: a printer setting or command. Texts are zero-terminated within their fields. */
+typedef struct ZeDatRecord {
+  char szKey[6];
+  char szDescr[102];
+  char szEmulation[6];
+  char szCommand[102];
+  char szVarFormat[6]; /**< Format of the command's variable part. */
+  double dVarRangeLo;
+  double dVarRangeHi;
+  double dVarIncrement;
+  char szDuration[2];
+} ZeDatRecord;
+
+/** Numbers of records, in the order of the letters A, F, G, P, S, T. */
+typedef struct ZeDatCounts {
+  uint16_t first[6];  /**< By the first letter of the key, in either case. */
+  uint16_t second[6]; /**< Of keys that begin with S, by the second letter. */
+} ZeDatCounts;
+
+/** A listed file. */
+typedef struct ZeDatFileInfo {
+  char path[260];
+  char description[48];
+  struct ZeDatFileInfo* next; /**< Null at the end. */
+} ZeDatFileInfo;
+#pragma pack(pop)
+
+ZEAPI_ASSERT_SIZE(ZeDatRecord, 248);
+ZEAPI_ASSERT_OFFSET(ZeDatRecord, szKey, 0);
+ZEAPI_ASSERT_OFFSET(ZeDatRecord, szDescr, 6);
+ZEAPI_ASSERT_OFFSET(ZeDatRecord, szEmulation, 108);
+ZEAPI_ASSERT_OFFSET(ZeDatRecord, szCommand, 114);
+ZEAPI_ASSERT_OFFSET(ZeDatRecord, szVarFormat, 216);
+ZEAPI_ASSERT_OFFSET(ZeDatRecord, dVarRangeLo, 222);
+ZEAPI_ASSERT_OFFSET(ZeDatRecord, dVarRangeHi, 230);
+ZEAPI_ASSERT_OFFSET(ZeDatRecord, dVarIncrement, 238);
+ZEAPI_ASSERT_OFFSET(ZeDatRecord, szDuration, 246);
+ZEAPI_ASSERT_SIZE(ZeDatCounts, 24);
+ZEAPI_ASSERT_OFFSET(ZeDatCounts, first, 0);
+ZEAPI_ASSERT_OFFSET(ZeDatCounts, second, 12);
+ZEAPI_ASSERT_SIZE(ZeDatFileInfo, 312);
+ZEAPI_ASSERT_OFFSET(ZeDatFileInfo, path, 0);
+ZEAPI_ASSERT_OFFSET(ZeDatFileInfo, description, 260);
+ZEAPI_ASSERT_OFFSET(ZeDatFileInfo, next, 308);
+
+/**
+ * Opens a data file. At most four are open in the process.
+ * @param reserved  not used.
+ * @param mode      ZE_DAT_READ.
+ * @return a handle from 0 to 3; ZE_DAT_INVALID; ZE_DAT_FAILED (no place, no memory);
+ *         ZE_DAT_OPEN_FAILED.
+ */
+ZEAPI_EXPORT int16_t ZEAPI_CALL ZeDatOpenFile(const char* path, uint32_t reserved,
+                                              int32_t mode) ZEAPI_NOEXCEPT;
+
+/** @return ZE_DAT_OK; ZE_DAT_FAILED (no handle at all, or closing failed); ZE_DAT_BAD_HANDLE. */
+ZEAPI_EXPORT int16_t ZEAPI_CALL ZeDatCloseFile(int32_t handle) ZEAPI_NOEXCEPT;
+
+/**
+ * Finds the first record of the file whose key begins with `record->szKey`, in the same case; an empty key
+ * finds the first record.
+ * @param record  receives it; left alone on failure. A key without a terminator has six characters.
+ * @return ZE_DAT_OK; ZE_DAT_BAD_HANDLE; ZE_DAT_NOT_FOUND; ZE_DAT_FAILED (a record before it has a bad
+ *         format). After a failure there is no record to go on from.
+ */
+ZEAPI_EXPORT int16_t ZEAPI_CALL ZeDatGetFirstKey(int32_t handle,
+                                                 ZeDatRecord* record) ZEAPI_NOEXCEPT;
+
+/**
+ * Reads the record behind the last one that was found, whatever its key.
+ * @return ZE_DAT_OK; ZE_DAT_BAD_HANDLE; ZE_DAT_NOT_FOUND (none was found before);
+ *         ZE_DAT_END_OF_FILE, also when asked again; ZE_DAT_FAILED.
+ */
+ZEAPI_EXPORT int16_t ZEAPI_CALL ZeDatGetNextKey(int32_t handle, ZeDatRecord* record) ZEAPI_NOEXCEPT;
+
+/**
+ * Counts the run of records from the first match of a key on whose keys begin with its first five
+ * characters.
+ * @param key   a ZeDatRecord whose `szKey` is the key; it is overwritten with the last record read.
+ * @param mode  ZE_DAT_READ.
+ * @return the number in 16 bits; ZE_DAT_BAD_HANDLE (null key); ZE_DAT_OPEN_FAILED (the file does not
+ *         open for any reason); ZE_DAT_FAILED (closing).
+ */
+ZEAPI_EXPORT int16_t ZEAPI_CALL ZeDatQueryCount(const char* path, char* key,
+                                                int32_t mode) ZEAPI_NOEXCEPT;
+
+/**
+ * Counts the records of a file by the letters of their keys, up to the first that has a bad format.
+ * @return ZE_DAT_OK; ZE_DAT_BAD_HANDLE (null `counts`); ZE_DAT_OPEN_FAILED; ZE_DAT_FAILED (closing).
+ */
+ZEAPI_EXPORT int16_t ZEAPI_CALL ZeDatQueryCounts(const char* path, ZeDatCounts* counts,
+                                                 int32_t mode) ZEAPI_NOEXCEPT;
+
+/** Kinds of files that ZeDatQueryFiles() lists; any other value lists all. */
+enum ZeDatFileKind {
+  ZE_DAT_CONFIGURATION_FILES = 1, /**< `*.CFG` */
+  ZE_DAT_SETUP_FILES = 2          /**< `*.PSS` */
+};
+
+/**
+ * Lists the files of a directory whose first line holds `#!` and a description behind it.
+ * @param directory  empty for the current one.
+ * @param count      receives their number.
+ * @return a list for ZeDatQueryFilesFree(); null when it is empty or an argument is null. When memory
+ *         runs out, what was found so far.
+ */
+ZEAPI_EXPORT ZeDatFileInfo* ZEAPI_CALL ZeDatQueryFiles(const char* directory, uint32_t kind,
+                                                       uint16_t* count) ZEAPI_NOEXCEPT;
+
+/** Releases a list of ZeDatQueryFiles(), which may be null. */
+ZEAPI_EXPORT void ZEAPI_CALL ZeDatQueryFilesFree(ZeDatFileInfo* list) ZEAPI_NOEXCEPT;
+/** @} */
+
+/** @name Web links
+ *
+ * Addresses of support topics, on the site that the library was built for. Nothing is connected. Every
+ * failure empties the buffer.
+ */
+/** @{ */
+
+/** Topics of web links. */
+enum ZeWebTopic {
+  ZE_WEB_DRIVERS = 1,
+  ZE_WEB_FIRMWARE = 2,
+  ZE_WEB_HOMEPAGE = 3,
+  ZE_WEB_QUORVIEW = 4,
+  ZE_WEB_REGISTRATION = 5,
+  ZE_WEB_SUPPLIES = 6,
+  ZE_WEB_TECHSUPPORT = 7,
+  ZE_WEB_PUBLICATIONS = 8
+};
+
+/**
+ * Builds base `/` topic `/` language `/` printer.
+ * @param printer   the caller's printer code, -1 for none.
+ * @param topic     of ZeWebTopic.
+ * @param language  a number, written in decimal.
+ * @param size      bytes of `buffer`; the address and its terminator must fit.
+ * @param ini       null, or an INI file that may override each part: `[AREA_PREFIX]` and `[AREA]` by the
+ *                  topic in upper case, `[LANGUAGE]` and `[PRINTER]` by the number. An empty segment is
+ *                  left out.
+ * @return ZE_OK; ZE_DEFAULT_USED (the last part that was looked up was not in the file);
+ *         ZE_INVALID_ARGUMENT; ZE_OUT_OF_MEMORY; ZE_BUFFER_TOO_SMALL; ZE_UNKNOWN_TYPE (no such
+ *         printer).
+ */
+ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeWebGetURL(int32_t printer, int32_t topic, int32_t language,
+                                             char* buffer, uint32_t size, void* ini) ZEAPI_NOEXCEPT;
+
+/**
+ * Builds an address with a query: topic, language code, printer, the user's language and the operating system.
+ * @param family, model  of the printer, written as three decimal digits each.
+ * @param language       Windows language identifier (low 16 bits) of the language code.
+ * @param size           bytes of `buffer`: one more than the address and its terminator take.
+ * @return ZE_OK; ZE_INVALID_ARGUMENT; ZE_BUFFER_TOO_SMALL.
+ */
+ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeWebGetCGIURL(uint32_t family, uint32_t model, uint32_t topic,
+                                                uint32_t language, char* buffer,
+                                                uint32_t size) ZEAPI_NOEXCEPT;
+/** @} */
+
 /** @name Files */
 /** @{ */
 

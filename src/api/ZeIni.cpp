@@ -1,3 +1,5 @@
+#include <memory>
+
 #include "api/guard.h"
 #include "config/ini_file.h"
 #include "zeapi.h"
@@ -15,20 +17,20 @@ constexpr uint32_t kNotDone = 0;
 
 void* ZEAPI_CALL ZeIniOpen(const char* name) noexcept {
   return Guarded(nullptr, [&]() -> void* {
-    IniFile* file = IniOpen(name, kIniReadFiltered);
-    if (file == nullptr || file->lines.first() != nullptr) return file;
-    IniClose(file);
-    return nullptr;
+    std::unique_ptr<IniFile> file = IniOpen(name, kIniReadFiltered);
+    const bool hasLines = file != nullptr && file->lines.first() != nullptr;
+    return hasLines ? file.release() : nullptr;
   });
 }
 
 void* ZEAPI_CALL ZeIniOpen2(const char* name, uint32_t mode) noexcept {
-  return Guarded(nullptr, [&]() -> void* { return IniOpen(name, mode); });
+  return Guarded(nullptr, [&]() -> void* { return IniOpen(name, mode).release(); });
 }
 
 uint32_t ZEAPI_CALL ZeIniClose(void* handle) noexcept {
   return Guarded(kNotDone, [&]() -> uint32_t {
-    return handle != nullptr && IniClose(FileOf(handle)) ? kDone : kNotDone;
+    return handle != nullptr && IniClose(std::unique_ptr<IniFile>(FileOf(handle))) ? kDone
+                                                                                   : kNotDone;
   });
 }
 
@@ -45,10 +47,7 @@ uint32_t ZEAPI_CALL ZeIniRead2(void* handle, const char* section, const char* ke
   // Without memory the call answers as if it had found an empty value but stores nothing; callers
   // know that by the count.
   return Guarded(ZE_OK, [&]() -> Result {
-    if (handle == nullptr || section == nullptr || key == nullptr || buffer == nullptr ||
-        size == 0 || count == nullptr) {
-      return ZE_INVALID_ARGUMENT;
-    }
+    if (handle == nullptr || count == nullptr) return ZE_INVALID_ARGUMENT;
     return IniRead2(FileOf(handle), section, key, fallback, buffer, size, count);
   });
 }

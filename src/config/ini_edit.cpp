@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include "config/ini_file.h"
+#include "config/text_pieces.h"
 
 namespace zeapi {
 namespace {
@@ -56,23 +57,13 @@ FirstBlock ScanFirstBlock(const IniSection& section, Matches matches) {
   return block;
 }
 
-// Pieces of a line between runs of "=".
-std::string_view TakePiece(std::string_view* rest) {
-  const std::size_t begin = std::min(rest->find_first_not_of('='), rest->size());
-  const std::string_view piece = rest->substr(begin, rest->find('=', begin) - begin);
-  rest->remove_prefix(begin + piece.size());
-  return piece;
-}
-
 // Deleting looks at pieces, not at what stands before and behind the first "=": a line without
 // "=" is all key, and a value ends at the next "=".
 bool MatchesPieces(const IniLine& line, std::string_view key, const char* value) {
   std::string_view rest = line.view();
-  const std::string_view keyPiece = TakePiece(&rest);
-  if (keyPiece.empty() || !SameFolded(keyPiece, key)) return false;
-  if (value == nullptr) return true;
-  const std::string_view valuePiece = TakePiece(&rest);
-  return !valuePiece.empty() && SameFolded(valuePiece, value);
+  std::string_view piece;
+  if (!TakePiece(&rest, '=', &piece) || !SameFolded(piece, key)) return false;
+  return value == nullptr || (TakePiece(&rest, '=', &piece) && SameFolded(piece, value));
 }
 
 void Remove(IniFile* file, IniLine* before) {

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstring>
-#include <memory>
 
 #include "base/stream.h"
 #include "base/text.h"
@@ -63,7 +62,7 @@ bool LoadAll(IniFile* file, std::FILE* stream) {
 
 }  // namespace
 
-IniFile* IniOpen(const char* name, std::uint32_t mode) {
+std::unique_ptr<IniFile> IniOpen(const char* name, std::uint32_t mode) {
   const char* streamMode = StreamMode(mode);
   if (streamMode == nullptr || name == nullptr || NameTooLong(name)) return nullptr;
   Stream stream(platform::OpenStream(name, streamMode));
@@ -78,11 +77,11 @@ IniFile* IniOpen(const char* name, std::uint32_t mode) {
     stream.reset(platform::OpenStream(name, "r"));
     if (stream == nullptr) return nullptr;
   }
-  return LoadAll(file.get(), stream.get()) ? file.release() : nullptr;
+  if (!LoadAll(file.get(), stream.get())) return nullptr;
+  return file;
 }
 
-bool IniClose(IniFile* file) {
-  const std::unique_ptr<IniFile> owner(file);
+bool IniClose(std::unique_ptr<IniFile> file) {
   if ((file->flags & kIniModified) == 0) return true;
   const Stream stream(platform::OpenStream(file->path.data(), "w"));
   if (stream == nullptr) return false;

@@ -6,6 +6,7 @@
 
 #include <array>
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -37,18 +38,18 @@ inline constexpr std::uint32_t kIniCreate = 8;
 inline constexpr std::uint32_t kIniAppend = 9;
 
 // Null for a bad mode or name and for a file that does not open or cannot be read to its end.
-IniFile* IniOpen(const char* name, std::uint32_t mode);
+std::unique_ptr<IniFile> IniOpen(const char* name, std::uint32_t mode);
 
 // Writes the file back if it was modified; false when it cannot be opened for that. The image is gone either
 // way.
-bool IniClose(IniFile* file);
+bool IniClose(std::unique_ptr<IniFile> file);
 
 // The value of a key, or without a key the next line that is no header: the first of a section, or
 // without a section the next one behind the last that was found. Null when there is none.
 const char* IniRead(IniFile* file, const char* section, const char* key);
 
-// Copies a value, or `fallback` when there is one and the file has no value. Returns 0, 41, 42, 45 or 48;
-// `count` receives the characters stored. `size` is not 0.
+// Copies a value, or `fallback` when there is one and the file has no value. Returns 0, 1 (null
+// argument or no room), 41, 42, 45 or 48; `count` receives the characters stored.
 Result IniRead2(IniFile* file, const char* section, const char* key, const char* fallback,
                 char* buffer, std::uint32_t size, std::uint32_t* count);
 

@@ -1,5 +1,5 @@
-#include <algorithm>
 #include <cstring>
+#include <utility>
 
 #include "config/ini_file.h"
 
@@ -15,8 +15,8 @@ IniLine* ScanForKey(IniLine* line, std::string_view key) {
   return nullptr;
 }
 
-IniLine* FindLine(IniFile* file, const char* section, const char* key) {
-  IniLine* line = file->cursor;
+IniLine* FindLine(IniFile* file, IniLine* cursor, const char* section, const char* key) {
+  IniLine* line = cursor;
   if (section != nullptr) {
     IniSection* found = file->index.FindSection(section);
     if (found == nullptr) return nullptr;
@@ -30,20 +30,19 @@ IniLine* FindLine(IniFile* file, const char* section, const char* key) {
 }  // namespace
 
 const char* IniRead(IniFile* file, const char* section, const char* key) {
-  const IniLine* line = nullptr;
-  try {
-    line = FindLine(file, section, key);
-  } catch (...) {
-    file->cursor = nullptr;
-    throw;
-  }
-  file->cursor = line == nullptr ? nullptr : line->next;
+  // Whatever fails below leaves no cursor.
+  IniLine* cursor = std::exchange(file->cursor, nullptr);
+  const IniLine* line = FindLine(file, cursor, section, key);
   if (line == nullptr) return nullptr;
+  file->cursor = line->next;
   return key != nullptr ? line->Value() : line->text;
 }
 
 Result IniRead2(IniFile* file, const char* section, const char* key, const char* fallback,
                 char* buffer, std::uint32_t size, std::uint32_t* count) {
+  if (section == nullptr || key == nullptr || buffer == nullptr || size == 0) {
+    return ZE_INVALID_ARGUMENT;
+  }
   *count = 0;
   IniSection* found = file->index.FindSection(section);
   const IniLine* line = found == nullptr ? nullptr : IniIndex::FindKey(found, key);

@@ -21,6 +21,14 @@ const std::vector<ExportCall>& ExportCalls() {
   static const std::vector<ExportCall> calls = {
       // clang-format off
       //          export           bytes  answers              called with
+      EXPORT_CALL(ZeDatCloseFile,      4, ZE_DAT_BAD_HANDLE,   3),
+      EXPORT_CALL(ZeDatGetFirstKey,    8, ZE_DAT_BAD_HANDLE,   0, nullptr),
+      EXPORT_CALL(ZeDatGetNextKey,     8, ZE_DAT_BAD_HANDLE,   0, nullptr),
+      EXPORT_CALL(ZeDatOpenFile,      12, ZE_DAT_INVALID,      "no such file", 0U, 2),
+      EXPORT_CALL(ZeDatQueryCount,    12, ZE_DAT_OPEN_FAILED,  "no such file", buffer, 2),
+      EXPORT_CALL(ZeDatQueryCounts,   12, ZE_DAT_BAD_HANDLE,   "no such file", nullptr, 2),
+      EXPORT_CALL(ZeDatQueryFiles,    12, nullptr,             nullptr, 1U, nullptr),
+      EXPORT_CALL(ZeDatQueryFilesFree, 4, Nothing{},           nullptr),
       EXPORT_CALL(ZeDatSendFile,      16, ZE_INVALID_ARGUMENT, nullptr, nullptr, nullptr, 0U),
       EXPORT_CALL(ZeDatSendString,    16, ZE_INVALID_ARGUMENT, nullptr, nullptr, nullptr, 0U),
       EXPORT_CALL(ZeFilBackup,         8, ZE_BAD_FORMAT,       "no such file", buffer),
@@ -45,8 +53,22 @@ const std::vector<ExportCall>& ExportCalls() {
       EXPORT_CALL(ZeIniWriteAll,      16, 0U,                  nullptr, "s", "k", "v"),
       EXPORT_CALL(ZeMemFree,           4, Nothing{},           nullptr),
       EXPORT_CALL(ZeNetGetType,        4, 0U,                  1U),
+      EXPORT_CALL(ZeOpcGetFileName,    8, 1U,                  7, buffer),
+      EXPORT_CALL(ZeOpcGetMaxEditLength, 8, 0,                 nullptr, 7),
+      EXPORT_CALL(ZeOpcGetPageDefaults, 16, -2,                nullptr, 1, buffer, 1024),
+      EXPORT_CALL(ZeOpcGetPageOmVars, 16, -2,                  nullptr, 1, buffer, 1024),
+      EXPORT_CALL(ZeOpcGetSpinControlLimits, 20, Nothing{},    nullptr, 1, nullptr, nullptr, nullptr),
+      EXPORT_CALL(ZeOpcGetTextListing, 20, -2,                 nullptr, 1, 0, nullptr, 0),
+      EXPORT_CALL(ZeOpcRegisterCfg,    8, nullptr,             7, "no such folder"),
+      EXPORT_CALL(ZeOpcUnregisterCfg,  4, 0U,                  nullptr),
+      EXPORT_CALL(ZeQsfClose,          4, Nothing{},           nullptr),
+      EXPORT_CALL(ZeQsfGetVariables,  16, ZE_INVALID_ARGUMENT, nullptr, 1U, nullptr, nullptr),
+      EXPORT_CALL(ZeQsfIniGetSection, 20, ZE_INVALID_ARGUMENT, nullptr, 1U, 1U, nullptr, nullptr),
+      EXPORT_CALL(ZeQsfOpen,          12, ZE_INVALID_ARGUMENT, "no such file", 1U, nullptr),
       EXPORT_CALL(ZeStrCpyFile,        8, buffer,              buffer, "c:\\folder\\name"),
       EXPORT_CALL(ZeStrCpyPath,        8, buffer,              buffer, "c:\\folder\\name"),
+      EXPORT_CALL(ZeWebGetCGIURL,     24, ZE_INVALID_ARGUMENT, 1U, 2U, 0U, 0x409U, buffer, 1024U),
+      EXPORT_CALL(ZeWebGetURL,        24, ZE_UNKNOWN_TYPE,     2, 1, 0, buffer, 1024U, nullptr),
       // clang-format on
   };
   return calls;

@@ -3,7 +3,6 @@
 #include <cstring>
 
 #include "platform/console.h"
-#include "platform/host.h"
 
 namespace zeapi::testing {
 
@@ -32,6 +31,10 @@ bool HostComputerName(char* name, std::size_t size) {
 }
 
 bool HostUserName(char* name, std::size_t size) { return Tell(testing::Host().user, name, size); }
+
+std::uint16_t DefaultLanguage() { return testing::Host().language; }
+
+SystemVersion QuerySystem() { return testing::Host().system; }
 
 void ConsoleWrite(std::string_view text) { testing::Host().console += text; }
 

@@ -3,7 +3,10 @@
 #include <pwd.h>
 #include <unistd.h>
 
+#include <cstdlib>
 #include <cstring>
+
+#include "platform/posix/language.h"
 
 namespace zeapi::platform {
 namespace {
@@ -39,5 +42,16 @@ bool HostUserName(char* name, std::size_t size) {
   }
   return Store(found->pw_name, std::strlen(found->pw_name), name, size);
 }
+
+// The language of messages: the first of the variables that is set and not empty.
+std::uint16_t DefaultLanguage() {
+  for (const char* variable : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
+    const char* locale = std::getenv(variable);
+    if (locale != nullptr && locale[0] != '\0') return LanguageOfLocale(locale);
+  }
+  return LanguageOfLocale("C");
+}
+
+SystemVersion QuerySystem() { return {kPlatformNt + 1, 0, 0}; }
 
 }  // namespace zeapi::platform

@@ -18,4 +18,13 @@ bool HostUserName(char* name, std::size_t size) {
   return false;
 }
 
+std::uint16_t DefaultLanguage() { return GetUserDefaultLangID(); }
+
+SystemVersion QuerySystem() {
+  OSVERSIONINFOA version = {};
+  version.dwOSVersionInfoSize = sizeof(version);
+  if (!GetVersionExA(&version)) return {};
+  return {version.dwPlatformId, version.dwMajorVersion, version.dwMinorVersion};
+}
+
 }  // namespace zeapi::platform
