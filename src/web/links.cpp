@@ -26,10 +26,21 @@ bool PrinterNumber(std::int32_t printer, std::int32_t* number) {
   return *number != 0;
 }
 
-// Builds a text in a caller's buffer, which counts as empty until it is whole.
+void EmptyText(char* buffer, std::uint32_t size) {
+  if (size > 0) buffer[0] = '\0';
+}
+
+// Builds a text in a caller's buffer, which is empty again at the end unless the text is kept.
 class TextBuilder {
  public:
-  TextBuilder(char* buffer, std::uint32_t size) : buffer_(buffer), size_(size) { Empty(); }
+  TextBuilder(char* buffer, std::uint32_t size) : buffer_(buffer), size_(size) {}
+  ~TextBuilder() {
+    if (!kept_) EmptyText(buffer_, size_);
+  }
+  TextBuilder(const TextBuilder&) = delete;
+  TextBuilder& operator=(const TextBuilder&) = delete;
+
+  void Keep() { kept_ = true; }
 
   // False when the text and its terminator do not fit.
   bool Append(std::string_view text) {
@@ -54,15 +65,11 @@ class TextBuilder {
     return Append(piece);
   }
 
-  void Empty() {
-    length_ = 0;
-    if (size_ > 0) buffer_[0] = '\0';
-  }
-
  private:
   char* buffer_;
   std::uint32_t size_;
   std::uint32_t length_ = 0;
+  bool kept_ = false;
 };
 
 // Looks the parts of an address up in an INI file that may override them.
@@ -140,33 +147,35 @@ unsigned SystemCode(const platform::SystemVersion& system) {
 Result WebGetUrl(std::int32_t printer, std::int32_t topic, std::int32_t language, char* buffer,
                  std::uint32_t size, IniFile* ini) {
   if (buffer == nullptr) return ZE_INVALID_ARGUMENT;
-  TextBuilder text(buffer, size);
+  EmptyText(buffer, size);
   if (topic < 1 || topic > static_cast<std::int32_t>(std::size(kWebTopics)) || size == 0) {
     return ZE_INVALID_ARGUMENT;
   }
   std::int32_t number = 0;
   if (!PrinterNumber(printer, &number)) return ZE_UNKNOWN_TYPE;
+  TextBuilder text(buffer, size);
   const Result result = BuildUrl(kWebTopics[topic - 1], language,
                                  printer == kNoPrinter ? nullptr : &number, ini, size, &text);
-  if (result != ZE_OK && result != ZE_DEFAULT_USED) text.Empty();
+  if (result == ZE_OK || result == ZE_DEFAULT_USED) text.Keep();
   return result;
 }
 
 Result WebGetCgiUrl(std::uint32_t family, std::uint32_t model, std::uint32_t topic,
                     std::uint16_t language, char* buffer, std::uint32_t size) {
   if (buffer == nullptr) return ZE_INVALID_ARGUMENT;
-  TextBuilder text(buffer, size);
+  EmptyText(buffer, size);
   if (topic < 1 || topic > std::size(kWebTopics) || size == 0) return ZE_INVALID_ARGUMENT;
   // Callers give one byte more than the address and its terminator take; less than that is refused.
-  text = TextBuilder(buffer, size - 1);
+  TextBuilder text(buffer, size - 1);
   const bool whole = text.Append(kQueryBase) &&
                      text.AppendFormatted("func=%s", kWebTopics[topic - 1].query) &&
                      text.AppendFormatted("&lang=%u", LanguageCode(language)) &&
                      text.AppendFormatted("&prtr=B%03u%03u", family, model) &&
                      text.AppendFormatted("&ctry=%08X", platform::DefaultLanguage()) &&
                      text.AppendFormatted("&os=%u", SystemCode(platform::QuerySystem()));
-  if (!whole) text.Empty();
-  return whole ? ZE_OK : ZE_BUFFER_TOO_SMALL;
+  if (!whole) return ZE_BUFFER_TOO_SMALL;
+  text.Keep();
+  return ZE_OK;
 }
 
 }  // namespace zeapi

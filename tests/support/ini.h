@@ -21,6 +21,7 @@ class IniTest : public ScratchTest {
 
   // Writes the file and opens it.
   void Open(std::string_view text, std::uint32_t mode = ZE_INI_UPDATE) {
+    if (handle != nullptr) Close();
     WriteFile(kFile, text);
     handle = ZeIniOpen2(kFile, mode);
     ASSERT_NE(handle, nullptr);
