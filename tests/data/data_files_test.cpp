@@ -1,0 +1,375 @@
+#include <cstring>
+
+#include "support/bytes.h"
+#include "support/foreign_locale.h"
+#include "support/scratch.h"
+#include "zeapi.h"
+
+namespace zeapi::testing {
+namespace {
+
+constexpr char kFile[] = "data.txt";
+
+// A line of a data file for a key; the command tells lines of one key apart.
+std::string Line(const std::string& key, const std::string& command = "") {
+  return "\"" + key + "\",\"descr\",\"PCL\",\"" + command + "\",\"%d\",1,2.5,0.5,\"P\"\n";
+}
+
+class DataFilesTest : public ScratchTest {
+ protected:
+  void TearDown() override {
+    for (int slot = 0; slot < 4; ++slot) ZeDatCloseFile(slot);
+    ScratchTest::TearDown();
+  }
+
+  void Open(std::string_view text) {
+    if (handle >= 0) ZeDatCloseFile(handle);
+    WriteFile(kFile, text);
+    handle = ZeDatOpenFile(kFile, 0, ZE_DAT_READ);
+    ASSERT_GE(handle, 0);
+  }
+
+  int First(std::string_view key) {
+    std::memset(&record, 0, sizeof(record));
+    std::memcpy(record.szKey, key.data(), key.size());
+    return ZeDatGetFirstKey(handle, &record);
+  }
+  int Next() { return ZeDatGetNextKey(handle, &record); }
+
+  // First record of a file of this text alone.
+  int Read(std::string_view text) {
+    Open(text);
+    return First("");
+  }
+
+  // Fields of the record between bars.
+  std::string Fields() const {
+    double numbers[3];
+    std::memcpy(numbers, reinterpret_cast<const char*>(&record) + 222, sizeof(numbers));
+    char text[400];
+    std::snprintf(text, sizeof(text), "%s|%s|%s|%s|%s|%g|%g|%g|%s", record.szKey, record.szDescr,
+                  record.szEmulation, record.szCommand, record.szVarFormat, numbers[0], numbers[1],
+                  numbers[2], record.szDuration);
+    return text;
+  }
+
+  int handle = -1;
+  ZeDatRecord record = {};
+};
+
+TEST_F(DataFilesTest, ReadsTheFieldsInTheirOrder) {
+  EXPECT_EQ(Read("\"S_100\",\"Tray 2\",\"PCL\",\"1B266C\",\"%d\",-1,2.5,1e-1,\"P\"\n"), ZE_DAT_OK);
+  EXPECT_EQ(Fields(), "S_100|Tray 2|PCL|1B266C|%d|-1|2.5|0.1|P");
+}
+
+TEST_F(DataFilesTest, SeparatorsMayBeMixed) {
+  EXPECT_EQ(
+      Read(
+          "# comment\n\n ,;\t:\n  # another, \"S\"\n \"S_100\" ; :\t\"Tray 2\"\x01\xE9\"PCL\"\"1B\""
+          "\"%d\"1, ,2.5; 0.1:\"P\" ;\t\n"),
+      ZE_DAT_OK);
+  EXPECT_EQ(Fields(), "S_100|Tray 2|PCL|1B|%d|1|2.5|0.1|P");
+}
+
+TEST_F(DataFilesTest, LineEndsOfBothKindsReadTheSame) {
+  std::string text = "# c\n\n" + Line("A_1") + Line("A_2") + "\n" + Line("B_1");
+  for (int round = 0; round < 2; ++round) {
+    Open(text);
+    EXPECT_EQ(First("A_2"), ZE_DAT_OK);
+    EXPECT_EQ(Next(), ZE_DAT_OK);
+    EXPECT_STREQ(record.szKey, "B_1");
+    EXPECT_EQ(Next(), ZE_DAT_END_OF_FILE);
+    EXPECT_EQ(First(""), ZE_DAT_OK);
+    EXPECT_STREQ(record.szKey, "A_1");
+    for (std::size_t at = 0; (at = text.find('\n', at)) != text.npos; at += 2) {
+      text.insert(at, 1, '\r');
+    }
+  }
+}
+
+TEST_F(DataFilesTest, LongTextsAreCutToTheirFields) {
+  EXPECT_EQ(Read("\"KEY_LONG\",\"" + std::string(200, 'd') + "\",\"PCLXL6\",\"" +
+                 std::string(200, 'c') + "\",\"123456\",0,0,0,\"PQ\"\n"),
+            ZE_DAT_OK);
+  EXPECT_EQ(Fields(), "KEY_L|" + std::string(101, 'd') + "|PCLXL|" + std::string(101, 'c') +
+                          "|12345|0|0|0|P");
+}
+
+TEST_F(DataFilesTest, WhatATextLeavesOfItsFieldIsZero) {
+  EXPECT_EQ(Read(Line("A_LON") + Line("A")), ZE_DAT_OK);
+  EXPECT_EQ(Next(), ZE_DAT_OK);
+  EXPECT_BYTES(std::string(record.szKey, 6), Bytes("A\0\0\0\0\0"));
+}
+
+TEST_F(DataFilesTest, LineFeedInATextBelongsToIt) {
+  EXPECT_EQ(Read("\"K\",\"two\r\nlines # ;\",\"\",\"\",\"\",0,0,0,\"\"\n"), ZE_DAT_OK);
+  EXPECT_STREQ(record.szDescr, "two\nlines # ;");
+}
+
+TEST_F(DataFilesTest, NumbersAreWholeTokens) {
+  const auto number = [this](const std::string& token) {
+    return Read("\"K\",\"\",\"\",\"\",\"\"," + token + ",0,0,\"\"\n");
+  };
+  const auto value = [this] {
+    double low = 0;
+    std::memcpy(&low, reinterpret_cast<const char*>(&record) + 222, sizeof(low));
+    return low;
+  };
+  const std::pair<const char*, double> good[] = {
+      {"1", 1},
+      {"-1.5", -1.5},
+      {"+2", 2},
+      {".5", .5},
+      {"5.", 5},
+      {"1e3", 1000},
+      {"1E-2", 0.01},
+      {"-0", 0},
+      {"007", 7},
+      {"99999999999", 99999999999.0},
+      {"123456789012345678901234", 123456789012345678901234.0}};
+  for (const auto& [token, expected] : good) {
+    EXPECT_EQ(number(token), ZE_DAT_OK) << token;
+    EXPECT_DOUBLE_EQ(value(), expected) << token;
+  }
+  for (const char* token : {"1 ",   "1x",    "x",    "1,5x",  "--1",
+                            "+-1",  "-",     "+",    ".",     "e5",
+                            "1e",   "1.2.3", "0x10", "inf",   "nan",
+                            "-inf", "1e999", "1\t",  "\"1\"", "1234567890123456789012345"}) {
+    EXPECT_EQ(number(token), ZE_DAT_FAILED) << token;
+  }
+}
+
+TEST_F(DataFilesTest, RecordsThatAreDamagedHaveABadFormat) {
+  for (const char* text :
+       {"S_100,\"d\"\n", "\"S\"\n", "\"S\",\"\",\"\",\"\",\"\",0,0\n",
+        "\"S\",\"\",\"\",\"\",\"\",0,0,0,\"\" x\n", "\"S\",\"\",\"\",\"\",\"\",0,0,0,\"\" # c\n",
+        "\"S\",\"\",\"\",\"\",\"\",0,0,0,\"\" \"more\"\n", "5\n"}) {
+    EXPECT_EQ(Read(text), ZE_DAT_FAILED) << text;
+    EXPECT_EQ(Next(), ZE_DAT_NOT_FOUND) << text;
+  }
+}
+
+TEST_F(DataFilesTest, RecordCutAnywhereIsNoRecord) {
+  const std::string line = Line("S_100", "1B");
+  for (std::size_t size = 0; size < line.size(); ++size) {
+    Open(line.substr(0, size));
+    const int result = First("");
+    EXPECT_TRUE(result == ZE_DAT_FAILED || result == ZE_DAT_NOT_FOUND) << size;
+    EXPECT_EQ(Next(), ZE_DAT_NOT_FOUND);
+  }
+}
+
+TEST_F(DataFilesTest, LastLineNeedsItsLineFeed) {
+  std::string line = Line("S_100");
+  line.pop_back();
+  EXPECT_EQ(Read(line), ZE_DAT_FAILED);
+}
+
+TEST_F(DataFilesTest, EndWithinATextEndsTheFile) {
+  Open(Line("A") + "\"B\",\"never clo\nsed");
+  EXPECT_EQ(First("B"), ZE_DAT_NOT_FOUND);
+  EXPECT_EQ(First("A"), ZE_DAT_OK);
+  EXPECT_EQ(Next(), ZE_DAT_END_OF_FILE);
+  EXPECT_EQ(Next(), ZE_DAT_END_OF_FILE);
+}
+
+TEST_F(DataFilesTest, KeyIsAPrefixInTheSameCase) {
+  Open(Line("P_1") + Line("S_100", "1") + Line("S_200", "2") + Line("T_1"));
+  EXPECT_EQ(First("S"), ZE_DAT_OK);
+  EXPECT_STREQ(record.szCommand, "1");
+  EXPECT_EQ(First("S_2"), ZE_DAT_OK);
+  EXPECT_STREQ(record.szCommand, "2");
+  EXPECT_EQ(First("S_200"), ZE_DAT_OK);
+  EXPECT_EQ(First("s"), ZE_DAT_NOT_FOUND);
+  EXPECT_EQ(First("S_3"), ZE_DAT_NOT_FOUND);
+  EXPECT_STREQ(record.szKey, "S_3");  // left alone
+}
+
+TEST_F(DataFilesTest, KeyWithoutATerminatorHasSixCharacters) {
+  Open(Line("S_1000"));
+  EXPECT_EQ(First("S_1000"), ZE_DAT_NOT_FOUND);
+  EXPECT_EQ(First("S_100"), ZE_DAT_OK);
+}
+
+TEST_F(DataFilesTest, NextGoesOnWhateverTheKey) {
+  Open(Line("S_1") + Line("T_1") + Line("A_1"));
+  EXPECT_EQ(First("S"), ZE_DAT_OK);
+  EXPECT_EQ(Next(), ZE_DAT_OK);
+  EXPECT_STREQ(record.szKey, "T_1");
+  EXPECT_EQ(Next(), ZE_DAT_OK);
+  EXPECT_STREQ(record.szKey, "A_1");
+  EXPECT_EQ(Next(), ZE_DAT_END_OF_FILE);
+  EXPECT_EQ(Next(), ZE_DAT_END_OF_FILE);
+  EXPECT_STREQ(record.szKey, "A_1");
+}
+
+TEST_F(DataFilesTest, WithoutACurrentRecordThereIsNoNext) {
+  Open(Line("S_1"));
+  EXPECT_EQ(Next(), ZE_DAT_NOT_FOUND);
+  EXPECT_EQ(First("S"), ZE_DAT_OK);
+  EXPECT_EQ(First("X"), ZE_DAT_NOT_FOUND);
+  EXPECT_EQ(Next(), ZE_DAT_NOT_FOUND);
+}
+
+TEST_F(DataFilesTest, BadRecordBehindTheCurrentOneEndsTheEnumeration) {
+  Open(Line("A") + "bad\n" + Line("B"));
+  EXPECT_EQ(First("A"), ZE_DAT_OK);
+  EXPECT_EQ(Next(), ZE_DAT_FAILED);
+  EXPECT_EQ(Next(), ZE_DAT_NOT_FOUND);
+  EXPECT_EQ(First("B"), ZE_DAT_FAILED);
+}
+
+TEST_F(DataFilesTest, OpenRefusesBadArguments) {
+  WriteFile(kFile, Line("A"));
+  EXPECT_EQ(ZeDatOpenFile(nullptr, 0, 2), ZE_DAT_INVALID);
+  EXPECT_EQ(ZeDatOpenFile("", 0, 2), ZE_DAT_INVALID);
+  EXPECT_EQ(ZeDatOpenFile("missing", 0, 2), ZE_DAT_INVALID);
+  EXPECT_EQ(ZeDatOpenFile((std::string(256, '.') + "\\" + kFile).c_str(), 0, 2), ZE_DAT_INVALID);
+  for (const int mode : {0, 1, 3, -1}) EXPECT_EQ(ZeDatOpenFile(kFile, 0, mode), ZE_DAT_INVALID);
+  EXPECT_EQ(ZeDatOpenFile(kFile, 0xFFFFFFFF, 2), 0);
+}
+
+TEST_F(DataFilesTest, OpenThatFailsFreesItsPlace) {
+  std::filesystem::create_directory("folder");
+  for (int i = 0; i < 10; ++i) EXPECT_EQ(ZeDatOpenFile("folder", 0, 2), ZE_DAT_OPEN_FAILED);
+  WriteFile(kFile, Line("A"));
+  EXPECT_EQ(ZeDatOpenFile(kFile, 0, 2), 0);
+}
+
+TEST_F(DataFilesTest, FourFilesAreOpenAtOnceAndPlacesAreUsedAgain) {
+  WriteFile(kFile, Line("A"));
+  for (int i = 0; i < 4; ++i) EXPECT_EQ(ZeDatOpenFile(kFile, 0, 2), i);
+  EXPECT_EQ(ZeDatOpenFile(kFile, 0, 2), ZE_DAT_FAILED);
+  EXPECT_EQ(ZeDatCloseFile(1), ZE_DAT_OK);
+  EXPECT_EQ(ZeDatOpenFile(kFile, 0, 2), 1);
+  for (int i = 0; i < 4; ++i) EXPECT_EQ(ZeDatCloseFile(i), ZE_DAT_OK);
+  EXPECT_EQ(ZeDatOpenFile(kFile, 0, 2), 0);
+}
+
+TEST_F(DataFilesTest, HandlesThatAreNotOpenAreRefused) {
+  Open(Line("A"));
+  for (const int bad : {-1, -32768, 1, 3, 4, 32767}) {
+    EXPECT_EQ(ZeDatGetFirstKey(bad, &record), ZE_DAT_BAD_HANDLE) << bad;
+    EXPECT_EQ(ZeDatGetNextKey(bad, &record), ZE_DAT_BAD_HANDLE) << bad;
+  }
+  EXPECT_EQ(ZeDatGetFirstKey(handle, nullptr), ZE_DAT_BAD_HANDLE);
+  EXPECT_EQ(ZeDatGetNextKey(handle, nullptr), ZE_DAT_BAD_HANDLE);
+  EXPECT_EQ(ZeDatCloseFile(-1), ZE_DAT_FAILED);
+  EXPECT_EQ(ZeDatCloseFile(4), ZE_DAT_FAILED);
+  EXPECT_EQ(ZeDatCloseFile(3), ZE_DAT_BAD_HANDLE);
+  EXPECT_EQ(ZeDatCloseFile(0x10000 + handle), ZE_DAT_OK);  // 16 bits count
+  EXPECT_EQ(ZeDatCloseFile(handle), ZE_DAT_BAD_HANDLE);
+}
+
+TEST_F(DataFilesTest, HandlesHaveTheirOwnPlaceInAFile) {
+  Open(Line("A") + Line("B"));
+  const int other = ZeDatOpenFile(kFile, 0, 2);
+  EXPECT_EQ(First("A"), ZE_DAT_OK);
+  ZeDatRecord second = {};
+  EXPECT_EQ(ZeDatGetNextKey(other, &second), ZE_DAT_NOT_FOUND);
+  EXPECT_EQ(ZeDatGetFirstKey(other, &second), ZE_DAT_OK);
+  EXPECT_EQ(Next(), ZE_DAT_OK);
+  EXPECT_STREQ(record.szKey, "B");
+  EXPECT_STREQ(second.szKey, "A");
+}
+
+TEST_F(DataFilesTest, SeparatorsInPlentyAreNoRecord) {
+  EXPECT_EQ(Read(std::string(65536, ';') + Line("A")), ZE_DAT_OK);
+  EXPECT_EQ(Next(), ZE_DAT_END_OF_FILE);
+  EXPECT_EQ(Read(std::string(65536, '\0')), ZE_DAT_NOT_FOUND);
+}
+
+TEST_F(DataFilesTest, RecordsAcrossTheReadingBlocksAreWhole) {
+  std::string text;
+  for (int i = 0; i < 2000; ++i) text += Line("K" + std::to_string(i), std::string(i % 90, 'c'));
+  Open(text);
+  EXPECT_EQ(First(""), ZE_DAT_OK);
+  for (int i = 0; i < 2000; ++i) {
+    ASSERT_STREQ(record.szKey, ("K" + std::to_string(i)).c_str());
+    ASSERT_STREQ(record.szCommand, std::string(i % 90, 'c').c_str());
+    ASSERT_EQ(Next(), i < 1999 ? ZE_DAT_OK : ZE_DAT_END_OF_FILE);
+  }
+}
+
+TEST_F(DataFilesTest, LocaleOfTheHostProgramChangesNothing) {
+  const ForeignLocale turkish(folder());
+  ASSERT_TRUE(turkish.InForce());
+  EXPECT_EQ(Read("\xE9 \"\xE9i\",\"\",\"\",\"\",\"\",1.5,2,3,\"\"\n"), ZE_DAT_OK);
+  double low = 0;
+  std::memcpy(&low, reinterpret_cast<const char*>(&record) + 222, sizeof(low));
+  EXPECT_EQ(low, 1.5);
+  EXPECT_STREQ(record.szKey, "\xE9i");
+}
+
+class DataCountTest : public DataFilesTest {
+ protected:
+  int Count(std::string_view key) {
+    std::memset(&record, 0, sizeof(record));
+    std::memcpy(record.szKey, key.data(), key.size());
+    return ZeDatQueryCount(kFile, reinterpret_cast<char*>(&record), ZE_DAT_READ);
+  }
+};
+
+TEST_F(DataCountTest, CountsTheRunBehindTheFirstMatch) {
+  WriteFile(kFile, Line("A") + Line("S_1") + Line("S_2") + Line("T_1") + Line("S_3"));
+  EXPECT_EQ(Count("S"), 2);
+  EXPECT_STREQ(record.szKey, "T_1");  // the last record that was read
+  EXPECT_EQ(Count("T"), 1);
+  EXPECT_EQ(Count("X"), 0);
+  EXPECT_EQ(Count(""), 5);
+}
+
+TEST_F(DataCountTest, FiveCharactersOfTheKeyCount) {
+  WriteFile(kFile, Line("S_100") + Line("S_100") + Line("S_101"));
+  EXPECT_EQ(Count("S_100"), 2);
+  EXPECT_EQ(Count("S_1000"), 0);
+}
+
+TEST_F(DataCountTest, BadRecordEndsTheCount) {
+  WriteFile(kFile, Line("S") + Line("S") + "bad\n" + Line("S"));
+  EXPECT_EQ(Count("S"), 2);
+}
+
+TEST_F(DataCountTest, FailuresHaveTheirCodes) {
+  EXPECT_EQ(Count("S"), ZE_DAT_OPEN_FAILED);
+  EXPECT_EQ(ZeDatQueryCount(kFile, nullptr, 2), ZE_DAT_BAD_HANDLE);
+  WriteFile(kFile, Line("S"));
+  EXPECT_EQ(ZeDatQueryCount(kFile, reinterpret_cast<char*>(&record), 1), ZE_DAT_OPEN_FAILED);
+  for (int i = 0; i < 4; ++i) ZeDatOpenFile(kFile, 0, 2);
+  EXPECT_EQ(Count("S"), ZE_DAT_OPEN_FAILED);
+}
+
+TEST_F(DataCountTest, NumberHas16Bits) {
+  std::string text;
+  for (int i = 0; i < 40000; ++i) text += Line("S");
+  WriteFile(kFile, text);
+  EXPECT_EQ(static_cast<std::uint16_t>(Count("S")), 40000);
+}
+
+TEST_F(DataCountTest, CountsByLetters) {
+  WriteFile(kFile, Line("A1") + Line("aa") + Line("F") + Line("G") + Line("P_S") + Line("SA") +
+                       Line("sf") + Line("ST") + Line("S_") + Line("S") + Line("T") + Line("X") +
+                       Line(""));
+  ZeDatCounts counts;
+  std::memset(&counts, 0xEE, sizeof(counts));
+  EXPECT_EQ(ZeDatQueryCounts(kFile, &counts, ZE_DAT_READ), ZE_DAT_OK);
+  EXPECT_EQ(std::vector<int>(counts.first, counts.first + 6), (std::vector<int>{2, 1, 1, 1, 5, 1}));
+  EXPECT_EQ(std::vector<int>(counts.second, counts.second + 6),
+            (std::vector<int>{1, 1, 0, 0, 0, 1}));
+}
+
+TEST_F(DataCountTest, CountsFailuresHaveTheirCodes) {
+  ZeDatCounts counts;
+  std::memset(&counts, 0xEE, sizeof(counts));
+  EXPECT_EQ(ZeDatQueryCounts(kFile, &counts, 2), ZE_DAT_OPEN_FAILED);
+  EXPECT_EQ(counts.first[0], 0xEEEE);
+  WriteFile(kFile, "");
+  EXPECT_EQ(ZeDatQueryCounts(kFile, &counts, 1), ZE_DAT_OPEN_FAILED);
+  EXPECT_EQ(ZeDatQueryCounts(kFile, nullptr, 2), ZE_DAT_BAD_HANDLE);
+  EXPECT_EQ(ZeDatQueryCounts(kFile, &counts, 2), ZE_DAT_OK);
+  EXPECT_EQ(counts.first[0], 0);
+  EXPECT_EQ(counts.second[5], 0);
+}
+
+}  // namespace
+}  // namespace zeapi::testing

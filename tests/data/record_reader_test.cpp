@@ -1,0 +1,81 @@
+// Field types that no exported record has.
+#include "data/record_reader.h"
+
+#include <cstring>
+
+#include "base/stream.h"
+#include "platform/files.h"
+#include "support/bytes.h"
+#include "support/scratch.h"
+
+namespace zeapi::testing {
+namespace {
+
+class RecordReaderTest : public ScratchTest {
+ protected:
+  // Reads a record of one field; its bytes are in `bytes`.
+  ZeDatReading Read(std::int32_t type, std::int32_t size, std::string_view text) {
+    WriteFile("file", text);
+    const Stream stream(platform::OpenStream("file", "r"));
+    TextCursor cursor(stream.get());
+    const ZeDatField fields[] = {{"field", type, size, ""}};
+    bytes.assign(static_cast<std::size_t>(size), '#');
+    return DatReadRecord(&cursor, fields,
+                         {reinterpret_cast<std::uint8_t*>(bytes.data()), bytes.size()});
+  }
+
+  std::string bytes;
+};
+
+TEST_F(RecordReaderTest, DoubledQuotesStandForOne) {
+  for (const int type : {5, 7}) {
+    EXPECT_EQ(Read(type, 6, "\"a\"\"b\"\"\"\n"), kDatRecord);
+    EXPECT_BYTES(bytes, Bytes("a\"b\"\0\0"));
+    EXPECT_EQ(Read(type, 3, "\"a\"\"\"\"b\"\n"), kDatRecord);
+    EXPECT_BYTES(bytes, Bytes("a\"\0"));
+    EXPECT_EQ(Read(type, 6, "\"a\"\""), kDatEndOfFile);
+    EXPECT_EQ(Read(type, 6, "a\n"), kDatBadFormat);
+  }
+}
+
+TEST_F(RecordReaderTest, WholeNumbersOfTwoAndFourBytes) {
+  for (const int type : {1, 2, 8}) {
+    EXPECT_EQ(Read(type, 4, "-2\n"), kDatRecord);
+    EXPECT_BYTES(bytes, "\xFE\xFF\xFF\xFF");
+    EXPECT_EQ(Read(type, 2, "+258;\n"), kDatRecord);
+    EXPECT_BYTES(bytes, "\x02\x01");
+    EXPECT_EQ(Read(type, 2, "32768\n"), kDatBadFormat);
+    EXPECT_EQ(Read(type, 4, "2147483648\n"), kDatBadFormat);
+    EXPECT_EQ(Read(type, 4, "1.5\n"), kDatBadFormat);
+    EXPECT_EQ(Read(type, 4, "\n5\n"), kDatRecord);
+    EXPECT_EQ(Read(type, 4, "5"), kDatBadFormat);
+  }
+}
+
+TEST_F(RecordReaderTest, TextOfFourBytesWithDoubledQuotesIsAWholeNumber) {
+  EXPECT_EQ(Read(5, 4, "7\n"), kDatRecord);
+  EXPECT_BYTES(bytes, Bytes("\x07\0\0\0"));
+}
+
+TEST_F(RecordReaderTest, NumbersOfSingleAndDoublePrecision) {
+  for (const int type : {3, 4}) {
+    EXPECT_EQ(Read(type, 4, "1.5\n"), kDatRecord);
+    float single = 0;
+    std::memcpy(&single, bytes.data(), sizeof(single));
+    EXPECT_EQ(single, 1.5F);
+    EXPECT_EQ(Read(type, 4, "1e100\n"), kDatBadFormat);
+    EXPECT_EQ(Read(type, 8, "1e100\n"), kDatRecord);
+    EXPECT_EQ(Read(type, 2, "1\n"), kDatBadFormat);
+  }
+}
+
+TEST_F(RecordReaderTest, UnknownTypeIsNotInTheFileAndHoldsZeros) {
+  EXPECT_EQ(Read(6, 3, " x\n"), kDatBadFormat);  // nothing is read for it
+  EXPECT_EQ(Read(6, 3, "x"), kDatBadFormat);
+  EXPECT_BYTES(bytes, Bytes("\0\0\0"));
+}
+
+TEST_F(RecordReaderTest, EmptyFileHasNoRecord) { EXPECT_EQ(Read(0, 3, "# c"), kDatEndOfFile); }
+
+}  // namespace
+}  // namespace zeapi::testing

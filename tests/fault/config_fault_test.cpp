@@ -1,0 +1,231 @@
+// Panel files, QSF files, data files and web links under every failure.
+#include <cstring>
+
+#include "fault/each_failure.h"
+#include "support/bytes.h"
+#include "support/ini.h"
+
+namespace zeapi::testing {
+namespace {
+
+using ConfigFaultTest = IniTest;
+
+TEST_F(ConfigFaultTest, PanelRegistration) {
+  void* panel = nullptr;
+  EachFailure([&] { WriteFile("opc001.cfg", "[Format]\nStyle=2\n"); },
+              [&] { panel = ZeOpcRegisterCfg(1, "."); },
+              [&](const std::string& failed) {
+                EXPECT_TRUE(panel != nullptr || !failed.empty());
+                void* again = ZeOpcRegisterCfg(1, ".");
+                EXPECT_NE(again, nullptr);
+                EXPECT_TRUE(panel == nullptr || panel == again);
+                if (panel != nullptr) {
+                  EXPECT_EQ(ZeOpcUnregisterCfg(panel), 1U);
+                }
+                EXPECT_EQ(ZeOpcUnregisterCfg(again), 1U);
+              });
+}
+
+TEST_F(ConfigFaultTest, PanelQueries) {
+  struct {
+    std::int32_t minimum, maximum, third;
+    int texts, length, defaults, variables;
+    std::uint16_t text;
+    char records[6];
+    char bytes[2];
+  } got;
+  EachFailure(
+      [&] {
+        Open(
+            "[Format]\nStyle=1\n[Spin Limits]\n5=1;2;3\n[Combos]\n5-1=7\n[Edit Lengths]\n5=9\n"
+            "[Dialogs]\n1=P\n[P]\nNumCtrls=1\nDefaults=5;6\nNumOMVAR=1\nOMVAR=8\n");
+        std::memset(&got, 0, sizeof(got));
+      },
+      [&] {
+        ZeOpcGetSpinControlLimits(handle, 5, &got.minimum, &got.maximum, &got.third);
+        got.texts = ZeOpcGetTextListing(handle, 5, 1, &got.text, 2);
+        got.length = ZeOpcGetMaxEditLength(handle, 5);
+        got.defaults = ZeOpcGetPageDefaults(handle, 1, got.records, 6);
+        got.variables = ZeOpcGetPageOmVars(handle, 1, got.bytes, 2);
+      },
+      [&](const std::string& failed) {
+        EXPECT_TRUE(got.third == 3 || (got.minimum == 0 && got.maximum == 0));
+        EXPECT_TRUE(got.texts == 1 || got.texts == -2 || got.texts == -3) << got.texts;
+        EXPECT_TRUE(got.length == 9 || got.length == 0);
+        EXPECT_TRUE(got.defaults == 1 || got.defaults == -2);
+        EXPECT_TRUE(got.variables == 1 || got.variables == -2);
+        const bool whole = got.third == 3 && got.texts == 1 && got.length == 9 &&
+                           got.defaults == 1 && got.variables == 1;
+        EXPECT_EQ(whole, failed.empty());
+        Close();
+      });
+}
+
+TEST_F(ConfigFaultTest, QsfFile) {
+  std::string image(74, '\0');
+  image.replace(0, 2, "QS");
+  image[44] = 74;
+  image[48] = 1;
+  image += "ab";
+  std::uint16_t sum = 0;
+  for (std::size_t i = 0; i < image.size(); i += 2) {
+    sum = static_cast<std::uint16_t>(sum - (image[i] + image[i + 1] * 256));
+  }
+  image[2] = static_cast<char>(sum);
+  image[3] = static_cast<char>(sum >> 8);
+
+  std::uint32_t opened = 0;
+  std::uint32_t got = 0;
+  void* qsf = nullptr;
+  void* block = nullptr;
+  std::uint16_t count = 0;
+  EachFailure(
+      [&] {
+        WriteFile("file.qsf", image);
+        block = nullptr;
+      },
+      [&] {
+        opened = ZeQsfOpen("file.qsf", 0, &qsf);
+        if (opened != ZE_OK) return;
+        got = ZeQsfGetVariables(qsf, 1, &block, &count);
+        ZeQsfClose(qsf);
+      },
+      [&](const std::string& failed) {
+        if (opened != ZE_OK) {
+          EXPECT_EQ(qsf, nullptr);
+          // A file that cannot be rewound is summed from where it stands.
+          EXPECT_TRUE(opened == ZE_OPEN_FAILED || opened == ZE_READ_FAILED ||
+                      opened == ZE_OUT_OF_MEMORY ||
+                      (opened == ZE_BAD_CHECKSUM && failed == "lseek"))
+              << opened;
+          return;
+        }
+        EXPECT_EQ(block != nullptr, got == ZE_OK);
+        EXPECT_EQ(count, got == ZE_OK ? 1 : 0);
+        EXPECT_TRUE(got == ZE_OK || got == ZE_READ_FAILED || got == ZE_SEEK_FAILED ||
+                    got == ZE_OUT_OF_MEMORY)
+            << got;
+        EXPECT_TRUE(got == ZE_OK || !failed.empty());
+        ZeMemFree(block);
+      });
+}
+
+TEST_F(ConfigFaultTest, QsfSection) {
+  std::uint32_t code = 0;
+  std::uint16_t* variables = nullptr;
+  std::uint16_t count = 0;
+  EachFailure(
+      [&] {
+        Open("[DEFAULTORDER]\nNUMVARS=1\nNUMENTRIES=1\nOMVARS1=12\n");
+        variables = nullptr;
+      },
+      [&] { code = ZeQsfIniGetSection(handle, 4, 1, &variables, &count); },
+      [&](const std::string& failed) {
+        EXPECT_EQ(code, failed.empty() ? ZE_OK : ZE_OUT_OF_MEMORY);
+        EXPECT_EQ(variables != nullptr, code == ZE_OK);
+        EXPECT_EQ(count, code == ZE_OK ? 1 : 0);
+        ZeMemFree(variables);
+        Close();
+      });
+}
+
+TEST_F(ConfigFaultTest, DataFile) {
+  int opened = 0;
+  int found = 0;
+  int next = 0;
+  int closed = 0;
+  ZeDatRecord record;
+  EachFailure(
+      [&] {
+        WriteFile("data", "\"A\",\"\",\"\",\"\",\"\",0,0,0,\"\"\n");
+        record = {};
+      },
+      [&] {
+        opened = ZeDatOpenFile("data", 0, 2);
+        if (opened < 0) return;
+        found = ZeDatGetFirstKey(opened, &record);
+        next = ZeDatGetNextKey(opened, &record);
+        closed = ZeDatCloseFile(opened);
+      },
+      [&](const std::string& failed) {
+        if (opened < 0) {
+          EXPECT_TRUE(opened == ZE_DAT_INVALID || opened == ZE_DAT_FAILED ||
+                      opened == ZE_DAT_OPEN_FAILED)
+              << opened;
+          EXPECT_FALSE(failed.empty());
+          return;
+        }
+        EXPECT_EQ(opened, 0);
+        EXPECT_TRUE(found == ZE_DAT_OK || found == ZE_DAT_NOT_FOUND) << found;
+        EXPECT_EQ(next, found == ZE_DAT_OK ? ZE_DAT_END_OF_FILE : ZE_DAT_NOT_FOUND);
+        EXPECT_TRUE(closed == ZE_DAT_OK || failed == "fclose" || failed == "close") << closed;
+        EXPECT_EQ(ZeDatCloseFile(opened), ZE_DAT_BAD_HANDLE);
+      });
+}
+
+TEST_F(ConfigFaultTest, DataCounts) {
+  int count = 0;
+  int counted = 0;
+  ZeDatRecord record;
+  ZeDatCounts counts;
+  EachFailure(
+      [&] {
+        WriteFile("data", "\"S\",\"\",\"\",\"\",\"\",0,0,0,\"\"\n");
+        record = {};
+        counts = {};
+      },
+      [&] {
+        count = ZeDatQueryCount("data", reinterpret_cast<char*>(&record), 2);
+        counted = ZeDatQueryCounts("data", &counts, 2);
+      },
+      [&](const std::string& failed) {
+        // A file that cannot be read ends there.
+        EXPECT_TRUE(count == 1 || count == 0 || count == ZE_DAT_OPEN_FAILED ||
+                    count == ZE_DAT_FAILED)
+            << count;
+        EXPECT_TRUE(counted == ZE_DAT_OK || counted == ZE_DAT_OPEN_FAILED ||
+                    counted == ZE_DAT_FAILED)
+            << counted;
+        const bool whole = count == 1 && counted == ZE_DAT_OK && counts.first[4] == 1;
+        EXPECT_TRUE(whole || !failed.empty());
+        EXPECT_EQ(ZeDatCloseFile(0), ZE_DAT_BAD_HANDLE);
+      });
+}
+
+TEST_F(ConfigFaultTest, DataListing) {
+  ZeDatFileInfo* list = nullptr;
+  std::uint16_t count = 0;
+  EachFailure(
+      [&] {
+        WriteFile("a.cfg", "#!A\n");
+        WriteFile("b.cfg", "#!B\n");
+        count = 999;
+      },
+      [&] { list = ZeDatQueryFiles("", 1, &count); },
+      [&](const std::string& failed) {
+        std::uint16_t listed = 0;
+        for (const ZeDatFileInfo* entry = list; entry != nullptr; entry = entry->next) ++listed;
+        EXPECT_EQ(count, listed);
+        EXPECT_TRUE(count == 2 || !failed.empty());
+        ZeDatQueryFilesFree(list);
+      });
+}
+
+TEST_F(ConfigFaultTest, WebUrl) {
+  std::uint32_t code = 0;
+  char url[100];
+  EachFailure(
+      [&] {
+        Open("[PRINTER]\n8=laser\n");
+        std::strcpy(url, "before");
+      },
+      [&] { code = ZeWebGetURL(0, 1, 2, url, sizeof(url), handle); },
+      [&](const std::string& failed) {
+        EXPECT_EQ(code, failed.empty() ? ZE_OK : ZE_OUT_OF_MEMORY);
+        EXPECT_EQ(url[0] != '\0', failed.empty());
+        Close();
+      });
+}
+
+}  // namespace
+}  // namespace zeapi::testing
