@@ -13,6 +13,14 @@ ROWS = [
      "1000 MB/s or more, or 0.25 or less", lambda ratio, rate: rate >= 1e9 or ratio <= 0.25),
     ("Checksum", "checksum of a file", "reading the file", "1.50 or less",
      lambda ratio, rate: ratio <= 1.5),
+    ("IniLoad/1", "loading an INI file of 1 MiB", "reading it as text", "4 or less",
+     lambda ratio, rate: ratio <= 4),
+    ("IniLoad/10", "loading an INI file of 10 MiB", "reading it as text", "4 or less",
+     lambda ratio, rate: ratio <= 4),
+    ("IniLookUp", "100,000 look-ups in 10 MiB", "the same in 1 MiB", "2 or less",
+     lambda ratio, rate: ratio <= 2),
+    ("DataCounts", "counting 100,000 records", "reading their lines", "3 or less",
+     lambda ratio, rate: ratio <= 3),
 ]
 
 

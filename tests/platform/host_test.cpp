@@ -37,6 +37,14 @@ TEST(Console, TextGoesToStandardOutput) {
   EXPECT_EQ(::testing::internal::GetCapturedStdout(), "shown %s");
 }
 
+#ifdef _WIN32
+TEST(Host, SystemAndLanguageAreThoseOfWindows) {
+  EXPECT_EQ(QuerySystem().platform, kPlatformNt);
+  EXPECT_GE(QuerySystem().major, 4U);
+  EXPECT_NE(DefaultLanguage(), 0);
+}
+#endif
+
 TEST(Module, EntryPointsAreFoundByName) {
 #ifdef _WIN32
   const char* library = "kernel32.dll";
