@@ -21,7 +21,8 @@ constexpr std::int16_t kMissing = -2;
 // A room of `size` bytes whose end a sanitizer watches. A null pointer of a query would ask for the size.
 struct Room {
   explicit Room(std::int32_t bytes)
-      : size(std::max(bytes, 0)), memory(std::make_unique<char[]>(size + 1)) {
+      : size(static_cast<std::size_t>(std::max(bytes, 0))),
+        memory(std::make_unique<char[]>(size + 1)) {
     std::memset(memory.get(), '#', size + 1);
     edge = memory[size];
   }

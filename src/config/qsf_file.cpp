@@ -131,7 +131,8 @@ Result QsfGetVariables(QsfFile* file, std::uint32_t number, CHeapPtr<std::uint8_
 
   const std::uint32_t length = block.end - block.start;
   const std::size_t prefix = header.flagA == 1 && header.flagB == 1 ? kPrefixSize : 0;
-  if (length > std::numeric_limits<std::size_t>::max() - kPrefixSize) return ZE_OUT_OF_MEMORY;
+  // More than one read can give; a process of 32 bits has no room for it either.
+  if (length > std::numeric_limits<std::int32_t>::max()) return ZE_OUT_OF_MEMORY;
   CHeapPtr<std::uint8_t[]> room = CHeapBytes<std::uint8_t>(prefix + length);
   if (room == nullptr) return ZE_OUT_OF_MEMORY;
   if (prefix != 0) StorePrefix(length, block.count, room.get());

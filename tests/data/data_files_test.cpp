@@ -281,10 +281,12 @@ TEST_F(DataFilesTest, SeparatorsInPlentyAreNoRecord) {
 
 TEST_F(DataFilesTest, RecordsAcrossTheReadingBlocksAreWhole) {
   std::string text;
-  for (int i = 0; i < 2000; ++i) text += Line("K" + std::to_string(i), std::string(i % 90, 'c'));
+  for (unsigned i = 0; i < 2000; ++i) {
+    text += Line("K" + std::to_string(i), std::string(i % 90, 'c'));
+  }
   Open(text);
   EXPECT_EQ(First(""), ZE_DAT_OK);
-  for (int i = 0; i < 2000; ++i) {
+  for (unsigned i = 0; i < 2000; ++i) {
     ASSERT_STREQ(record.szKey, ("K" + std::to_string(i)).c_str());
     ASSERT_STREQ(record.szCommand, std::string(i % 90, 'c').c_str());
     ASSERT_EQ(Next(), i < 1999 ? ZE_DAT_OK : ZE_DAT_END_OF_FILE);
