@@ -383,6 +383,39 @@ ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeDatSendString(const char* text, const char* p
 ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeFonQueryInfo(const char* fontFile, ZeFontInfo* info,
                                                 uint32_t queryOption,
                                                 uint32_t includeMetricFiles) ZEAPI_NOEXCEPT;
+
+/**
+ * Sends a font file to a printer as a complete job, into working memory or a storage device. The
+ * font's format, as ZeFonQueryInfo() tells it, and the destination's language decide how:
+ * - PCL soft fonts (8, 9, 11, 13, 15, 17, 18, 20): the PCL command that gives the font its ID
+ *   (`resourceId`), the file as it is, the command that makes the font permanent. With the language
+ *   ZE_LANGUAGE_PCLXL the file has to begin with ESC ")s", at most 5 characters and "W".
+ * - DLF: the PPDS font ID command and the file as it is; with ZE_LANGUAGE_PCLXL the same check, which
+ *   such fonts do not pass.
+ * - Type 1 (PFA, PFB) with ZE_LANGUAGE_PPDS: the PPDS font ID command and the file in blocks of at
+ *   most 2048 bytes, each with `ppdsFontCode` and `ppdsFontSlot` in its header.
+ * - Type 1 with any other language: for PostScript, behind an exit-server header that needs a
+ *   printer whose password is 0. The binary segments of a PFB are sent as hexadecimal text; where a
+ *   segment is damaged the font ends, and the job ends as it should and reports success.
+ * - TrueType (TTF): nothing between the job's beginning and end; ZE_BAD_FORMAT.
+ *
+ * A bracket-K printer gets its language selection, a PJL printer its header and trailer, one that
+ * takes both gets both. A job that goes to a file is appended to it.
+ * @param destination  `fontQueryOption` is passed to ZeFonQueryInfo(); companion files that it asks
+ *        for may be missing.
+ * @param target  ZE_DEVICE_...; all but ZE_DEVICE_RAM are named to the printer before the font, and
+ *        working memory after it.
+ * @return ZE_OK; ZE_INVALID_ARGUMENT (also for a language outside 1..6, a target outside 1..5, or a
+ *         font without an extension); ZE_FILE_NOT_FOUND; ZE_OPEN_FAILED (font or printer, or a font
+ *         that fails the check of ZE_LANGUAGE_PCLXL; a font that vanishes between query and
+ *         download gives ZE_FILE_NOT_FOUND if it is PCL, DLF or goes to PPDS, else this);
+ *         ZE_READ_FAILED; ZE_WRITE_FAILED; ZE_OUT_OF_MEMORY; ZE_PRINTER_WRITE_FAILED (also for a
+ *         PPDS block that a file refuses, unless the job's end finds ZE_WRITE_FAILED); ZE_UNUSABLE;
+ *         ZE_BAD_FORMAT (also for a file that is not a downloadable font).
+ */
+ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeFonDownload(const char* fontFile, const char* printerName,
+                                               const ZeDestination* destination,
+                                               int32_t target) ZEAPI_NOEXCEPT;
 /** @} */
 
 /** @name Files */
