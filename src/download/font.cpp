@@ -22,7 +22,8 @@ bool StartJob(GenQueContext* ctx) {
 Result SendFont(const char* path, const ZeFontInfo& info, GenQueContext* ctx) {
   switch (info.format) {
     case ZE_FONT_TYPE1:
-      if (ctx->destination->language == ZE_LANGUAGE_PPDS) return SendPpdsBlocks(path, ctx);
+      if (ctx->destination->language == ZE_LANGUAGE_PPDS)
+        return SendPpdsBlocks(path, info.fileSize, ctx);
       return SendType1Font(path, (info.flags & ZE_FONT_BINARY) != 0, ctx);
     case ZE_FONT_DLF:
       return SendPclFont(path, FontIdForm::kPpds, ctx);

@@ -5,7 +5,6 @@
 #include "base/c_heap.h"
 #include "base/stream.h"
 #include "download/font_senders.h"
-#include "files/file_utilities.h"
 #include "output/pjl.h"
 #include "platform/files.h"
 
@@ -31,15 +30,16 @@ bool WriteBlock(const std::uint8_t* block, std::uint32_t length, bool last, GenQ
 
 }  // namespace
 
-Result SendPpdsBlocks(const char* path, GenQueContext* ctx) {
+Result SendPpdsBlocks(const char* path, std::uint32_t fileSize, GenQueContext* ctx) {
   const CHeapPtr<std::uint8_t[]> block = CHeapBytes<std::uint8_t>(kBlock);
   if (block == nullptr) return ZE_OUT_OF_MEMORY;
   const Stream file(platform::OpenStream(path, "rb"));
   if (file == nullptr) return ZE_FILE_NOT_FOUND;
+  // A font is never empty; the system did not tell its size.
+  if (fileSize == 0) return ZE_READ_FAILED;
   if (!FontIdCommand(FontIdForm::kPpdsAlternate, ctx)) return ZE_OK;
 
-  std::uint32_t remaining = FilQuerySize(path);
-  while (remaining != 0) {
+  for (std::uint32_t remaining = fileSize; remaining != 0;) {
     const std::uint32_t length = std::min(remaining, kBlock);
     // Of a file that is shorter than it was, or cannot be read, no block is made up.
     if (std::fread(block.get(), 1, length, file.get()) != length) return ZE_READ_FAILED;

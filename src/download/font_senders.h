@@ -22,8 +22,9 @@ Result SendScalableFont(const char* path, GenQueContext* ctx);
 // did. Returns 0, 3 (file does not open), 6, 7, 11 or 14.
 Result SendType1Font(const char* path, bool segmented, GenQueContext* ctx);
 
-// Type 1 fonts for PPDS: the alternate ID command and the file in blocks. Returns 0, 2 (file does
-// not open), 6, 11, or 14 (a block was refused). A refused ID command shows in `ctx->error` alone.
-Result SendPpdsBlocks(const char* path, GenQueContext* ctx);
+// Type 1 fonts for PPDS: the alternate ID command and so many bytes of the file in blocks. Returns
+// 0, 2 (file does not open), 6 (it is shorter, or its size is not known), 11, or 14 (a block was
+// refused). A refused ID command shows in `ctx->error` alone.
+Result SendPpdsBlocks(const char* path, std::uint32_t fileSize, GenQueContext* ctx);
 
 }  // namespace zeapi

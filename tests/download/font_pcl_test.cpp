@@ -126,7 +126,7 @@ TEST_F(FontSenderTest, FileThatDoesNotOpenGives2OnThePclAndPpdsRoadsAnd3OnTheOth
     EXPECT_EQ(SendPclFont("gone", FontIdForm::kPpds, queue()), ZE_FILE_NOT_FOUND);
     EXPECT_EQ(SendScalableFont("gone", queue()), ZE_OPEN_FAILED);
   }
-  EXPECT_EQ(SendPpdsBlocks("gone", queue()), ZE_FILE_NOT_FOUND);
+  EXPECT_EQ(SendPpdsBlocks("gone", 1, queue()), ZE_FILE_NOT_FOUND);
   EXPECT_EQ(SendType1Font("gone", false, queue()), ZE_OPEN_FAILED);
   EXPECT_EQ(SendType1Font("gone", true, queue()), ZE_OPEN_FAILED);
   EXPECT_BYTES(Spooler().data, "");

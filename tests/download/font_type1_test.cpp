@@ -203,6 +203,16 @@ TEST_F(FontPpdsTest, KeepsTheLongAlternateIdBelow100) {
   EXPECT_BYTES(JobOf("font.pfa").substr(0, 8), Bytes("\x1B=\x04\0\x41\x0E\x12\x34"));
 }
 
+TEST_F(FontPpdsTest, NoBlockIsMadeUpOfAFileThatShrank) {
+  WriteFile("font.pfa", std::string(2100, 'x'));
+  GenQueContext ctx;
+  ctx.destination = &destination;
+  ASSERT_EQ(GenQueOpen(kOutput, &ctx), ZE_OK);
+  EXPECT_EQ(SendPpdsBlocks("font.pfa", 5000, &ctx), ZE_READ_FAILED);
+  GenQueClose(&ctx);
+  EXPECT_BYTES(Job(), kId + BlockHeader(2048, '\x02') + std::string(2048, 'x'));
+}
+
 TEST_F(FontPpdsTest, RefusedIdIsReportedByTheJobNotByTheSender) {
   WriteFile("font.pfa", kFontName);
   UsePrinter();
@@ -210,7 +220,7 @@ TEST_F(FontPpdsTest, RefusedIdIsReportedByTheJobNotByTheSender) {
   ctx.destination = &destination;
   ASSERT_EQ(GenQueOpen(kOutput, &ctx), ZE_OK);
   Spooler().failingWrite = 1;
-  EXPECT_EQ(SendPpdsBlocks("font.pfa", &ctx), ZE_OK);
+  EXPECT_EQ(SendPpdsBlocks("font.pfa", 19, &ctx), ZE_OK);
   EXPECT_EQ(ctx.error, ZE_PRINTER_WRITE_FAILED);
   GenQueClose(&ctx);
   for (const std::uint32_t flags : {0U, std::uint32_t{ZE_FLAG_PJL}}) {
