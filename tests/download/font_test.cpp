@@ -59,10 +59,16 @@ TEST_F(FontDownloadTest, TargetOutside1To5IsInvalid) {
 }
 
 TEST_F(FontDownloadTest, ArgumentsAreCheckedBeforeTheFont) {
-  EXPECT_EQ(Download("missing.sfp", 6), ZE_INVALID_ARGUMENT);
-  destination.language = 0;
-  EXPECT_EQ(Download("missing.sfp"), ZE_INVALID_ARGUMENT);
-  EXPECT_FALSE(std::filesystem::exists(DriveC() / "apifonts.txt"));
+  const std::filesystem::path dump = DriveC() / "apifonts.txt";
+  std::filesystem::remove(dump);
+  WriteBitmap();
+  for (const char* font : {kBitmap, "missing.sfp"}) {
+    destination.language = ZE_LANGUAGE_PCL;
+    EXPECT_EQ(Download(font, 6), ZE_INVALID_ARGUMENT);
+    destination.language = 0;
+    EXPECT_EQ(Download(font), ZE_INVALID_ARGUMENT);
+  }
+  EXPECT_FALSE(std::filesystem::exists(dump));
 }
 
 // --- The font and the queue
