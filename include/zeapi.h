@@ -270,6 +270,34 @@ ZEAPI_ASSERT_OFFSET(ZeFontInfo, metricsFile, 450);
 ZEAPI_ASSERT_OFFSET(ZeFontInfo, cartridge, 710);
 ZEAPI_ASSERT_SIZE(ZeFontInfo, 714);
 
+/** What a search was for, ZeFoundFile::kind. */
+enum ZeFoundKind {
+  ZE_FOUND_FONT = 1, /**< `info` is a ZeFontInfo. */
+  ZE_FOUND_DEMO = 2, /**< `info` is null. */
+  ZE_FOUND_MACRO = 3 /**< `info` is a macro option record of 40 bytes. */
+};
+
+/**
+ * A file that a search found; 277 bytes. The list runs from the file found last to the first one
+ * and belongs to the caller, who gives it back as a whole with ZeFonFindFree().
+ */
+typedef struct ZeFoundFile {
+  char path[260];           /**< 0: full path of the file. */
+  void* info;               /**< 260: the record that `kind` tells, or null. */
+  struct ZeFoundFile* next; /**< 264: the file found before this one, or null. */
+  uint32_t kind;            /**< 268: ZE_FOUND_... */
+  uint8_t rootLength;       /**< 272: macros and demos: length of the searched folder's part of
+                                 `path` with its separator, its low 8 bits. Fonts: 0. */
+  uint32_t size;            /**< 273: size of the file in bytes. */
+} ZeFoundFile;
+ZEAPI_ASSERT_OFFSET(ZeFoundFile, path, 0);
+ZEAPI_ASSERT_OFFSET(ZeFoundFile, info, 260);
+ZEAPI_ASSERT_OFFSET(ZeFoundFile, next, 264);
+ZEAPI_ASSERT_OFFSET(ZeFoundFile, kind, 268);
+ZEAPI_ASSERT_OFFSET(ZeFoundFile, rootLength, 272);
+ZEAPI_ASSERT_OFFSET(ZeFoundFile, size, 273);
+ZEAPI_ASSERT_SIZE(ZeFoundFile, 277);
+
 #pragma pack(pop)
 
 /**
@@ -383,6 +411,13 @@ ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeDatSendString(const char* text, const char* p
 ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeFonQueryInfo(const char* fontFile, ZeFontInfo* info,
                                                 uint32_t queryOption,
                                                 uint32_t includeMetricFiles) ZEAPI_NOEXCEPT;
+
+/**
+ * Releases a list that ZeFonFind(), ZeFonFind2(), ZeDemFind() or ZeMacFind() handed out: every node
+ * with its record, and the cartridge of a font's record.
+ * @param first  the list's first node, or null.
+ */
+ZEAPI_EXPORT void ZEAPI_CALL ZeFonFindFree(ZeFoundFile* first) ZEAPI_NOEXCEPT;
 /** @} */
 
 /** @name Files */

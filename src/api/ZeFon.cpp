@@ -1,4 +1,5 @@
 #include "api/guard.h"
+#include "files/found_files.h"
 #include "fonts/query_info.h"
 #include "zeapi.h"
 
@@ -11,3 +12,5 @@ uint32_t ZEAPI_CALL ZeFonQueryInfo(const char* fontFile, ZeFontInfo* info, uint3
     return FonQueryInfo(fontFile, info, queryOption, includeMetricFiles != 0);
   });
 }
+
+void ZEAPI_CALL ZeFonFindFree(ZeFoundFile* first) noexcept { FreeFoundFiles(first); }

@@ -8,9 +8,10 @@
 namespace zeapi::platform {
 
 struct FoundEntry {
-  std::string name;              // file name alone
-  std::uint32_t size = 0;        // low 32 bits
-  std::uint32_t attributes = 0;  // Windows attribute bits: 1 read-only, 16 directory, 32 archive
+  std::string name;        // file name alone
+  std::uint32_t size = 0;  // low 32 bits
+  // Windows attribute bits: 1 read-only, 16 directory, 32 archive, 1024 a link to a directory
+  std::uint32_t attributes = 0;
 };
 
 // One search, in the order of the file system on Windows and in the order of names elsewhere. "."
