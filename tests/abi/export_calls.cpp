@@ -21,6 +21,8 @@ const std::vector<ExportCall>& ExportCalls() {
       EXPORT_CALL(ZeFilMakePath,       8, ZE_UNUSABLE,         "", buffer),
       EXPORT_CALL(ZeFilModify,        12, ZE_INVALID_ARGUMENT, "no such file", 0U, nullptr),
       EXPORT_CALL(ZeFilQuerySize,      4, 0U,                  "no such file"),
+      EXPORT_CALL(ZeFonFind,          24, nullptr,             nullptr, nullptr, 0U, 0U, 0U, 0U),
+      EXPORT_CALL(ZeFonFind2,         28, nullptr,             nullptr, nullptr, 0U, 0U, 0U, 0U, nullptr),
       EXPORT_CALL(ZeFonFindFree,       4, Nothing{},           nullptr),
       EXPORT_CALL(ZeFonQueryInfo,     16, ZE_INVALID_ARGUMENT, nullptr, nullptr, 0U, 0U),
       EXPORT_CALL(ZeGenQueryAdapters, 16, ZE_OK,               0U, 0U, buffer, 1024U),
