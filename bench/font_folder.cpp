@@ -127,7 +127,7 @@ std::vector<std::string> WriteMixedFonts(const std::string& folder, int count) {
   for (int set = 0; set < count / 10; ++set) {
     const std::string number = std::to_string(100000 + set);
     writer.Write("t" + number + ".pfb", Pfb("Outline" + number));
-    writer.Write("t" + number + ".afm", Afm("Outline" + number));
+    writer.Write("t" + number + ".afm", Afm("Afm" + number));
     writer.Write("t" + number + ".pfm", Pfm("Metrics" + number));
     writer.Write("a" + number + ".pfa", Pfa("Text" + number));
     writer.Write("d" + number + ".dlf", Dlf("Dlf" + number));

@@ -7,9 +7,9 @@
 
 namespace zeapi::bench {
 
-// Writes `count` font files of ten kinds into a folder: PFB with AFM, INF and PFM beside it, PFA,
+// Writes `count` font files of ten kinds into a folder: PFB with AFM and PFM beside it, PFA,
 // DLF, FMF, PCM, PCL bitmaps, scalable PCL fonts, and TrueType by name. No two describe themselves
-// alike but those of one Type 1 font. Returns the files' paths.
+// alike. Returns the files' paths.
 std::vector<std::string> WriteMixedFonts(const std::string& folder, int count);
 
 // Copies every PFB file of the host's packages into a folder, each under a name of its own. Returns

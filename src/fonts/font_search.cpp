@@ -16,6 +16,7 @@
 #include "fonts/glue_file.h"
 #include "fonts/pcl_font.h"
 #include "fonts/query_info.h"
+#include "platform/find.h"
 
 namespace zeapi {
 namespace {
@@ -45,6 +46,7 @@ class FolderSearch {
     limit_ = *count_ == 0 ? std::uint16_t{kMostFoundFiles} : *count_;
     *count_ = 0;
     try {
+      const platform::FolderNames names(folder_);
       if (ReadGlue()) ReadFolder();
     } catch (const std::bad_alloc&) {  // the search ends with what it has
     }

@@ -33,4 +33,20 @@ class DirectorySearch {
   std::unique_ptr<State> state_;
 };
 
+// While one lives, the names of a folder need not be read again for each name that is looked up in
+// it without regard to case; what is created there under another case meanwhile may stay unseen.
+// Nothing to do on Windows. The inner one of two counts, and ends first.
+class FolderNames {
+ public:
+  explicit FolderNames(const char* folder);
+  ~FolderNames();
+  FolderNames(const FolderNames&) = delete;
+  FolderNames& operator=(const FolderNames&) = delete;
+
+  struct State;
+
+ private:
+  std::unique_ptr<State> state_;
+};
+
 }  // namespace zeapi::platform
