@@ -270,6 +270,34 @@ ZEAPI_ASSERT_OFFSET(ZeFontInfo, metricsFile, 450);
 ZEAPI_ASSERT_OFFSET(ZeFontInfo, cartridge, 710);
 ZEAPI_ASSERT_SIZE(ZeFontInfo, 714);
 
+/** What a search was for, ZeFoundFile::kind. */
+enum ZeFoundKind {
+  ZE_FOUND_FONT = 1, /**< `info` is a ZeFontInfo. */
+  ZE_FOUND_DEMO = 2, /**< `info` is null. */
+  ZE_FOUND_MACRO = 3 /**< `info` is a macro option record of 40 bytes. */
+};
+
+/**
+ * A file that a search found; 277 bytes. The list runs from the file found last to the first one
+ * and belongs to the caller, who gives it back as a whole with ZeFonFindFree().
+ */
+typedef struct ZeFoundFile {
+  char path[260];           /**< 0: full path of the file. */
+  void* info;               /**< 260: the record that `kind` tells, or null. */
+  struct ZeFoundFile* next; /**< 264: the file found before this one, or null. */
+  uint32_t kind;            /**< 268: ZE_FOUND_... */
+  uint8_t rootLength;       /**< 272: macros and demos: length of the searched folder's part of
+                                 `path` with its separator, its low 8 bits. Fonts: 0. */
+  uint32_t size;            /**< 273: size of the file in bytes. */
+} ZeFoundFile;
+ZEAPI_ASSERT_OFFSET(ZeFoundFile, path, 0);
+ZEAPI_ASSERT_OFFSET(ZeFoundFile, info, 260);
+ZEAPI_ASSERT_OFFSET(ZeFoundFile, next, 264);
+ZEAPI_ASSERT_OFFSET(ZeFoundFile, kind, 268);
+ZEAPI_ASSERT_OFFSET(ZeFoundFile, rootLength, 272);
+ZEAPI_ASSERT_OFFSET(ZeFoundFile, size, 273);
+ZEAPI_ASSERT_SIZE(ZeFoundFile, 277);
+
 #pragma pack(pop)
 
 /**
@@ -280,6 +308,13 @@ ZEAPI_ASSERT_SIZE(ZeFontInfo, 714);
  * @return ignored.
  */
 typedef uint32_t(ZEAPI_CALL* ZeModifyCallback)(char* line, uint32_t value);
+
+/**
+ * Called by ZeFonFind2() for each file that it looks at and for each font that it lists.
+ * @param font     null for a file; for a font its record, which is valid during the call only.
+ * @param percent  how many of the files are done.
+ */
+typedef void(ZEAPI_CALL* ZeFontProgress)(const ZeFontInfo* font, uint32_t percent);
 
 /** @name General */
 /** @{ */
@@ -416,6 +451,49 @@ ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeFonQueryInfo(const char* fontFile, ZeFontInfo
 ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeFonDownload(const char* fontFile, const char* printerName,
                                                const ZeDestination* destination,
                                                int32_t target) ZEAPI_NOEXCEPT;
+
+/**
+ * Lists the fonts of a folder, each with its record, the one found last first. Files whose names
+ * begin with "." are left out, and so is a font whose description another listed font has.
+ * A text file `GLUE.TXT` in the folder comes first when `typeFilter` is 10, 12, 14, 16, 17, 18, 20,
+ * 26 or 27: it names cartridges and PCL fonts with their symbol sets, metrics files and printer
+ * memory. A scalable PCL font (formats 17, 18, 20) finds its metrics in the file that GLUE.TXT
+ * names, or else beside it under the first three characters of its name and "0000S.TFM"; without
+ * them `queryOption` 2 leaves it out and 4 takes a PFM file of its name or leaves it out.
+ * @param directory   at most ZE_MAX_NAME characters.
+ * @param count       in: how many fonts are wanted at most, 0 for 32767; out: how many were listed.
+ * @param typeFilter  1 to 28. 10: formats 8, 9, 11, 13, 15, 17, 18, 20. 12: 11, 17. 14: 9, 13, 17.
+ *        16: as 10 without 11. 26: all. 27: as 16 with 25 and 28, but no Windows metrics for the
+ *        device "PostScript" and none with an SFS file of their name. Any other: that format.
+ * @param kindFilter  1 to 6: fonts of that kind; 5 and 6: of any.
+ * @param queryOption as of ZeFonQueryInfo(); a font whose query does not give ZE_OK is left out.
+ *        Metric files are included unless `kindFilter` is 3.
+ * @param recurse     not 0: folders within are searched too. Their fonts are not listed, but each
+ *        such search takes `count` for its limit, begins it anew and leaves it to the outer one.
+ * @return the list, for ZeFonFindFree(); null when it is empty or an argument is bad (`count` is
+ *         then left alone). Out of memory: what was listed so far.
+ */
+ZEAPI_EXPORT ZeFoundFile* ZEAPI_CALL ZeFonFind(const char* directory, uint16_t* count,
+                                               uint32_t typeFilter, uint32_t kindFilter,
+                                               uint32_t queryOption,
+                                               uint32_t recurse) ZEAPI_NOEXCEPT;
+
+/**
+ * Like ZeFonFind(), but first counts the files of the folder (with `recurse` also of those within)
+ * and then tells how far the search is.
+ * @param progress  may be null.
+ */
+ZEAPI_EXPORT ZeFoundFile* ZEAPI_CALL ZeFonFind2(const char* directory, uint16_t* count,
+                                                uint32_t typeFilter, uint32_t kindFilter,
+                                                uint32_t queryOption, uint32_t recurse,
+                                                ZeFontProgress progress) ZEAPI_NOEXCEPT;
+
+/**
+ * Releases a list that ZeFonFind(), ZeFonFind2(), ZeDemFind() or ZeMacFind() handed out: every node
+ * with its record, and the cartridge of a font's record.
+ * @param first  the list's first node, or null.
+ */
+ZEAPI_EXPORT void ZEAPI_CALL ZeFonFindFree(ZeFoundFile* first) ZEAPI_NOEXCEPT;
 /** @} */
 
 /** @name Files */
