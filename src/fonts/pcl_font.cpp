@@ -33,18 +33,6 @@ constexpr std::uint8_t kFontTypes[] = {0, 1, 2, 10, 11};
 
 int lastDescriptorClass = 0;
 
-bool SkipFontHeaderCommand(std::FILE* stream) {
-  std::array<std::uint8_t, 3> start;
-  constexpr std::array<std::uint8_t, 3> kStart = {0x1B, ')', 's'};
-  if (ReadUpTo(stream, start).size() != start.size() || start != kStart) return false;
-  for (int i = 0; i < kMostCharactersToW; ++i) {
-    const int c = std::getc(stream);
-    if (c == 'W') return true;
-    if (c == EOF) return false;
-  }
-  return false;
-}
-
 // The y resolution turns heights into points, so a font that says 0 cannot be described.
 bool ReadResolution(std::FILE* stream, PclFont* font) {
   std::array<std::uint8_t, 4> bytes;
@@ -61,9 +49,29 @@ bool IsScalablePcl(std::uint32_t format) {
          format == ZE_FONT_PCL_TRUETYPE;
 }
 
+bool SkipPclHeaderCommand(std::FILE* stream, std::uint32_t* headerSize) {
+  std::array<std::uint8_t, 3> start;
+  constexpr std::array<std::uint8_t, 3> kStart = {0x1B, ')', 's'};
+  if (ReadUpTo(stream, start).size() != start.size() || start != kStart) return false;
+  std::uint32_t size = 0;
+  bool isNumber = true;
+  for (int i = 0; i < kMostCharactersToW; ++i) {
+    const int c = std::getc(stream);
+    if (c == EOF) return false;
+    if (c == 'W') {
+      *headerSize = isNumber ? size : 0;
+      return true;
+    }
+    isNumber = isNumber && c >= '0' && c <= '9';
+    if (isNumber) size = size * 10 + static_cast<std::uint32_t>(c - '0');
+  }
+  return false;
+}
+
 Stream OpenPclFont(const char* path) {
   Stream stream(platform::OpenStream(path, "rb"));
-  if (stream != nullptr && !SkipFontHeaderCommand(stream.get())) stream.reset();
+  std::uint32_t headerSize;
+  if (stream != nullptr && !SkipPclHeaderCommand(stream.get(), &headerSize)) stream.reset();
   return stream;
 }
 

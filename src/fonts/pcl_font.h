@@ -20,6 +20,10 @@ struct PclFont {
 // True for ZE_FONT_PCL_BOUND, ZE_FONT_PCL_UNBOUND and ZE_FONT_PCL_TRUETYPE.
 bool IsScalablePcl(std::uint32_t format);
 
+// Stands a stream behind the font header command with which the file begins, and tells how many bytes
+// the command says the header has: 0 when it says something else. False when there is no such command.
+bool SkipPclHeaderCommand(std::FILE* stream, std::uint32_t* headerSize);
+
 // Opens a file that begins with the font header command and stands the stream behind it. Null when
 // it cannot be opened or does not begin so.
 Stream OpenPclFont(const char* path);

@@ -21,6 +21,7 @@ const std::vector<ExportCall>& ExportCalls() {
       EXPORT_CALL(ZeFilMakePath,       8, ZE_UNUSABLE,         "", buffer),
       EXPORT_CALL(ZeFilModify,        12, ZE_INVALID_ARGUMENT, "no such file", 0U, nullptr),
       EXPORT_CALL(ZeFilQuerySize,      4, 0U,                  "no such file"),
+      EXPORT_CALL(ZeFonConvert,       20, ZE_INVALID_ARGUMENT, nullptr, nullptr, nullptr, 0U, 0U),
       EXPORT_CALL(ZeFonQueryInfo,     16, ZE_INVALID_ARGUMENT, nullptr, nullptr, 0U, 0U),
       EXPORT_CALL(ZeGenQueryAdapters, 16, ZE_OK,               0U, 0U, buffer, 1024U),
       EXPORT_CALL(ZeGenQueryApiInfo,   4, Nothing{},           &info),
