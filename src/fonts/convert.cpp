@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "base/stream.h"
+#include "files/file_utilities.h"
 #include "fonts/afm_reader.h"
 #include "fonts/afm_writer.h"
 #include "fonts/dlf_metrics.h"
@@ -48,7 +49,7 @@ std::string Type1OutputName(const Conversion& conversion) {
 
 Result ReadType1(const char* fontFile, AfmMetricsPtr* metrics) {
   const PathText infFile = ReplaceExtension(fontFile, "INF");
-  if (!platform::PathExists(infFile.text)) return ZE_FILE_NOT_FOUND;
+  if (!FilExists(infFile.text)) return ZE_FILE_NOT_FOUND;
   const Stream afm(platform::OpenStream(fontFile, "r"));
   const Stream inf(platform::OpenStream(infFile.text, "r"));
   if (afm == nullptr || inf == nullptr) return ZE_OPEN_FAILED;
@@ -156,7 +157,7 @@ Result FonConvert(const char* fontFile, const char* outputFile, const ZeFontInfo
   const char* output = outputFile != nullptr ? outputFile : "";
   if (fontFile == nullptr || std::strlen(fontFile) > ZE_MAX_NAME) return ZE_INVALID_ARGUMENT;
   if (std::strlen(output) > ZE_MAX_NAME) return ZE_INVALID_ARGUMENT;
-  if (!platform::PathExists(fontFile)) return ZE_FILE_NOT_FOUND;
+  if (!FilExists(fontFile)) return ZE_FILE_NOT_FOUND;
   const Conversion call = {fontFile, output, option1, option2, conversion};
   switch (conversion) {
     case ZE_CONVERT_AFM_TO_PFM:
