@@ -156,6 +156,18 @@ enum ZeFontFormat {
   ZE_FONT_CARTRIDGE = 28       /**< Metrics of a font cartridge: PCM. */
 };
 
+/** Conversions of ZeFonConvert(). */
+enum ZeFontConversion {
+  ZE_CONVERT_AFM_TO_PFM = 1,         /**< Type 1 metrics to Windows metrics. */
+  ZE_CONVERT_AFM_TO_PFM_AND_PSM = 2, /**< The same, for two devices. */
+  ZE_CONVERT_PFM_TO_AFM = 3,         /**< Windows metrics to Type 1 metrics. */
+  ZE_CONVERT_DLF_TO_PBM = 4,         /**< DLF font to Windows metrics. */
+  ZE_CONVERT_PCL_TO_PFM = 5,         /**< PCL soft font to Windows metrics. */
+  ZE_CONVERT_TFM_TO_PFM = 6,         /**< Intellifont metrics to Windows metrics. */
+  ZE_CONVERT_TFM_TO_PFM_NAMED = 16,  /**< The same, with the stored name of the font. */
+  ZE_CONVERT_PCL_TO_PFM_NAMED = 17   /**< PCL soft font, with its stored name. */
+};
+
 /** Bits of ZeFontInfo::flags; all others are 0. */
 enum ZeFontFlags {
   ZE_FONT_BINARY = 0x01,       /**< A binary file; PFA and AFM are text. */
@@ -393,6 +405,42 @@ ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeDatSendString(const char* text, const char* p
 
 /** @name Fonts */
 /** @{ */
+
+/**
+ * Turns the metrics of one font file into another metrics format. The input is read whole before the
+ * output is created; an output that failed halfway stays as it is.
+ *
+ * | conversion | input | output | default name |
+ * |---|---|---|---|
+ * | 1 | AFM, with the INF beside it | Windows metrics for the PostScript device | .PFM |
+ * | 2 | the same | the same, and a second file for the PCL 5 device | .PFM and .PSM |
+ * | 3 | Windows metrics | AFM text, widths in Adobe's standard encoding or the font's codes | .AFM |
+ * | 4 | DLF font | Windows metrics for the "Velquist LaserPrinter" device | .PBM |
+ * | 5 | PCL soft font, with its characters | Windows metrics for the "PCL / HP LaserJet" device | .PFM |
+ * | 17 | the same | the same, with the font's stored name and symbol set | .PFM |
+ * | 6 | Intellifont metrics (TFM) | Windows metrics for the "PCL5 / HP LaserJet III" device | .PFM |
+ * | 16 | the same | the same, with the stored name of the PCL font in `fontFile` | .PFM |
+ *
+ * Conversions 5, 16 and 17 rewrite the diagnostic file `c:\apifonts.txt`. A DLF font without a name
+ * gives no file and ZE_OK.
+ * @param fontFile    at most ZE_MAX_NAME characters.
+ * @param outputFile  at most ZE_MAX_NAME characters; null or empty: the font file with the default
+ *                    extension. In conversions 1 and 2 a name without "." is a folder for a file of
+ *                    that name, and conversion 2 gives the name its two extensions.
+ * @param option1     conversions 6 and 16: what ZeFonQueryInfo() tells about the PCL font; its
+ *                    `printerMemory`, `symbolSet` and the path that `option2` names are read.
+ * @param option2     conversions 6 and 16: which path names the TFM file; 2 `companionFile`, 4
+ *                    `metricsFile`.
+ * @param conversion  ZeFontConversion.
+ * @return ZE_OK; ZE_INVALID_ARGUMENT (no font file, a name too long; then, for a file that exists, an
+ *         unknown conversion, or no record or path for 6 and 16); ZE_FILE_NOT_FOUND (the font file or
+ *         the INF); ZE_OPEN_FAILED (an input cannot be opened, the output cannot be created);
+ *         ZE_WRITE_FAILED (AFM); ZE_OUT_OF_MEMORY; ZE_BAD_FORMAT: the input is not what the
+ *         conversion wants, or is damaged; ZE_COPY_FAILED: Windows metrics could not be written whole.
+ */
+ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeFonConvert(const char* fontFile, const char* outputFile,
+                                              const ZeFontInfo* option1, uint32_t option2,
+                                              uint32_t conversion) ZEAPI_NOEXCEPT;
 
 /**
  * Looks at one font file and tells what it is. The kind is decided by the extension: the first

@@ -2,11 +2,18 @@
 #include "base/text.h"
 #include "download/font.h"
 #include "files/found_files.h"
+#include "fonts/convert.h"
 #include "fonts/font_search.h"
 #include "fonts/query_info.h"
 #include "zeapi.h"
 
 using namespace zeapi;
+
+uint32_t ZEAPI_CALL ZeFonConvert(const char* fontFile, const char* outputFile,
+                                 const ZeFontInfo* option1, uint32_t option2,
+                                 uint32_t conversion) noexcept {
+  return Guarded([&] { return FonConvert(fontFile, outputFile, option1, option2, conversion); });
+}
 
 uint32_t ZEAPI_CALL ZeFonQueryInfo(const char* fontFile, ZeFontInfo* info, uint32_t queryOption,
                                    uint32_t includeMetricFiles) noexcept {

@@ -62,6 +62,21 @@ bool ReadFontHeaderCommand(std::FILE* stream, FontHeaderCommand* command) {
   return false;
 }
 
+bool SkipPclHeaderCommand(std::FILE* stream, std::uint32_t* headerSize) {
+  FontHeaderCommand command;
+  if (!ReadFontHeaderCommand(stream, &command)) return false;
+  *headerSize = 0;
+  std::uint32_t size = 0;
+  const auto digits =
+      command.Bytes().subspan(kHeaderStart.size()).first(command.length - kHeaderStart.size() - 1);
+  for (const std::uint8_t digit : digits) {
+    if (digit < '0' || digit > '9') return true;
+    size = size * 10 + digit - '0';
+  }
+  *headerSize = size;
+  return true;
+}
+
 Stream OpenPclFont(const char* path) {
   Stream stream(platform::OpenStream(path, "rb"));
   FontHeaderCommand command;

@@ -33,6 +33,9 @@ struct FontHeaderCommand {
 
 // Reads the command and leaves the stream behind it; false when the stream does not begin so.
 bool ReadFontHeaderCommand(std::FILE* stream, FontHeaderCommand* command);
+// Stands a stream behind the font header command with which the file begins, and tells how many bytes
+// the command says the header has: 0 when it says something else. False when there is no such command.
+bool SkipPclHeaderCommand(std::FILE* stream, std::uint32_t* headerSize);
 
 // Opens a file that begins with the font header command and stands the stream behind it. Null when
 // it cannot be opened or does not begin so.

@@ -21,6 +21,7 @@ const std::vector<ExportCall>& ExportCalls() {
       EXPORT_CALL(ZeFilMakePath,       8, ZE_UNUSABLE,         "", buffer),
       EXPORT_CALL(ZeFilModify,        12, ZE_INVALID_ARGUMENT, "no such file", 0U, nullptr),
       EXPORT_CALL(ZeFilQuerySize,      4, 0U,                  "no such file"),
+      EXPORT_CALL(ZeFonConvert,       20, ZE_INVALID_ARGUMENT, nullptr, nullptr, nullptr, 0U, 0U),
       EXPORT_CALL(ZeFonDownload,      16, ZE_INVALID_ARGUMENT, nullptr, nullptr, nullptr, 0),
       EXPORT_CALL(ZeFonFind,          24, nullptr,             nullptr, nullptr, 0U, 0U, 0U, 0U),
       EXPORT_CALL(ZeFonFind2,         28, nullptr,             nullptr, nullptr, 0U, 0U, 0U, 0U, nullptr),
