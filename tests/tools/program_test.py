@@ -236,6 +236,74 @@ class Fonts(ProgramTest):
         text = self.run_program("font", "info", "cart.pcm").stdout
         self.assertEqual(text.count("  font            Courier (Bd)\n"), 2)
 
+    def make_folder(self):
+        os.mkdir(os.path.join(self.folder, "fonts"))
+        self.write("fonts/a.sfp", self.PCL)
+        self.write("fonts/b.pfb", self.PFB)
+        self.write("fonts/c.ttf", b"x")
+        self.write("fonts/page.prn", b"page")
+
+    def test_list_is_a_table(self):
+        self.make_folder()
+        done = self.run_program("font", "list", "fonts")
+        lines = sorted(done.stdout.splitlines())
+        self.assertEqual(lines.pop(), "Fonts: 3")
+        self.assertEqual([" ".join(line.rsplit("  ", 1)[0].split()) for line in lines], [
+            "1 TrueType of the host c",
+            "33 Type 1 Times",
+            "80 PCL bitmap 8U Courier Bd [12.0 Pt.] (Roman-8)",
+        ])
+        self.assertEqual(done.stderr, "")
+
+    def test_list_in_json_with_filters(self):
+        self.make_folder()
+        fonts = self.answer("font", "list", "fonts")["fonts"]
+        self.assertEqual({font["description"]: font["format"] for font in fonts},
+                         {"Courier  Bd [12.0 Pt.] (Roman-8)": 9, "Times": 2, "c": 21})
+        self.assertEqual({font["size"] for font in fonts}, {80, 33, 1})
+
+        def names(*filters):
+            fonts = self.answer("font", "list", "fonts", *filters)["fonts"]
+            return sorted(font["path"].replace("/", "\\").rpartition("\\")[2] for font in fonts)
+
+        self.assertEqual(names("--type", "2"), ["b.pfb"])
+        self.assertEqual(names("--type", "10"), ["a.sfp"])
+        self.assertEqual(names("--kind", "3"), ["a.sfp", "b.pfb"])
+        self.assertEqual(len(names("--limit", "1")), 1)
+        self.assertEqual(names("--query-option", "2"), ["a.sfp", "c.ttf"])
+
+    def test_list_of_no_fonts_and_of_no_folder(self):
+        os.mkdir(os.path.join(self.folder, "empty"))
+        self.assertEqual(self.run_program("font", "list", "empty").stdout, "Fonts: 0\n")
+        self.assertEqual(self.answer("font", "list", "none", exit_code=2)["result"], 2)
+        self.run_program("font", "list", "empty", "--type", "29", exit_code=64)
+
+    def test_list_shows_how_far_it_is(self):
+        self.make_folder()
+        done = self.run_program("font", "list", "fonts", "--progress")
+        self.assertIn("[" + "#" * 40 + "] 100%", done.stderr)
+        self.assertTrue(done.stderr.endswith("\r"))
+
+    def test_convert_there_and_back(self):
+        self.write("t.afm", b"StartFontMetrics 2.0\nFontName Times-Roman\nFullName Times Roman\n"
+                   b"FamilyName Times\nWeight Roman\nIsFixedPitch false\nFontBBox 0 -200 1000 900\n"
+                   b"CapHeight 662\nXHeight 448\nAscender 682\nDescender -217\n"
+                   b"StartCharMetrics 1\nC 65 ; WX 722 ; N A ; B 15 0 706 674 ;\nEndCharMetrics\n"
+                   b"EndFontMetrics\n")
+        self.write("t.inf", b"MSMenuName (Tms Rmn)\n")
+        answer = self.answer("font", "convert", "t.afm", "afm-to-pfm", "-o", "out.pfm")
+        self.assertEqual((answer["result"], answer["conversion"]), (0, "afm-to-pfm"))
+        self.assertEqual(self.answer("font", "info", "out.pfm")["description"], "Tms Rmn")
+        self.run_program("font", "convert", "out.pfm", "pfm-to-afm", "-o", "back.afm")
+        self.assertRegex(self.read("back.afm"), rb"C 65 ; WX 722 ; N A ;")
+
+    def test_convert_takes_the_default_name_and_refuses_what_is_no_font(self):
+        self.write("a.sfp", self.PCL)
+        self.run_program("font", "convert", "none.afm", "afm-to-pfm", exit_code=2)
+        self.run_program("font", "convert", "a.sfp", "tfm-to-pfm", exit_code=64)
+        self.run_program("font", "convert", "a.sfp", "nonsense", exit_code=64)
+        self.run_program("font", "convert", "a.sfp", "tfm-to-pfm", "--tfm", "none.tfm", exit_code=3)
+
     def test_send_into_flash_memory(self):
         self.write("font.sfp", self.PCL)
         answer = self.answer(

@@ -1,8 +1,10 @@
-// zeapi font: what a font file is, and fonts on their way to a printer.
+// zeapi font: what a font file is, and fonts on their way to a printer. Lists and conversions have files
+// of their own.
 #include <memory>
 
 #include "choice.h"
 #include "commands.h"
+#include "commands/font_family.h"
 #include "font_record.h"
 #include "printer_options.h"
 
@@ -117,11 +119,13 @@ void AddSendOfFont(CLI::App& family, const std::shared_ptr<FontOptions>& options
 }  // namespace
 
 void AddFont(CLI::App& program, Session& session) {
-  CLI::App* family = program.add_subcommand("font", "Examine and download fonts");
+  CLI::App* family = program.add_subcommand("font", "Examine, download and convert fonts");
   family->require_subcommand(1);
   const auto options = std::make_shared<FontOptions>();
   AddInfoOfFont(*family, options, session);
+  AddFontList(*family, session);
   AddSendOfFont(*family, options, session);
+  AddFontConvert(*family, session);
 }
 
 }  // namespace tool
