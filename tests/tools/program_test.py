@@ -282,7 +282,8 @@ class Fonts(ProgramTest):
         self.make_folder()
         done = self.run_program("font", "list", "fonts", "--progress")
         self.assertIn("[" + "#" * 40 + "] 100%", done.stderr)
-        self.assertTrue(done.stderr.endswith("\r"))
+        # The bar is wiped away; a carriage return is read as the end of a line here.
+        self.assertTrue(done.stderr.endswith("\n" + " " * 47 + "\n"))
 
     def test_convert_there_and_back(self):
         self.write("t.afm", b"StartFontMetrics 2.0\nFontName Times-Roman\nFullName Times Roman\n"
@@ -295,14 +296,14 @@ class Fonts(ProgramTest):
         self.assertEqual((answer["result"], answer["conversion"]), (0, "afm-to-pfm"))
         self.assertEqual(self.answer("font", "info", "out.pfm")["description"], "Tms Rmn")
         self.run_program("font", "convert", "out.pfm", "pfm-to-afm", "-o", "back.afm")
-        self.assertRegex(self.read("back.afm"), rb"C 65 ; WX 722 ; N A ;")
+        self.assertRegex(self.read("back.afm"), rb"C +65 ; WX 722 ; N A ;")
 
-    def test_convert_takes_the_default_name_and_refuses_what_is_no_font(self):
+    def test_convert_refuses_what_is_no_font(self):
         self.write("a.sfp", self.PCL)
         self.run_program("font", "convert", "none.afm", "afm-to-pfm", exit_code=2)
         self.run_program("font", "convert", "a.sfp", "tfm-to-pfm", exit_code=64)
         self.run_program("font", "convert", "a.sfp", "nonsense", exit_code=64)
-        self.run_program("font", "convert", "a.sfp", "tfm-to-pfm", "--tfm", "none.tfm", exit_code=3)
+        self.run_program("font", "convert", "a.sfp", "tfm-to-pfm", "--tfm", "none.tfm", exit_code=27)
 
     def test_send_into_flash_memory(self):
         self.write("font.sfp", self.PCL)

@@ -107,16 +107,17 @@ const char* const kRecordFields =
     "inch),\n\"fileSize\", \"printerMemory\" (bytes), \"description\", \"detail\", \"symbolSet\",\n"
     "\"companionFile\", \"metricsFile\", \"cartridge\" (null, or its \"name\" and \"fonts\")";
 
+// The "+" makes values of fields that may not be aligned.
 Json RecordJson(const ZeFontInfo& info) {
-  return {{"kind", info.kind},
+  return {{"kind", +info.kind},
           {"kindName", KindName(info.kind)},
-          {"format", info.format},
+          {"format", +info.format},
           {"formatName", FormatName(info.format)},
           {"flags", FlagNames(info.flags)},
-          {"xResolution", info.xResolution},
-          {"yResolution", info.yResolution},
-          {"fileSize", info.fileSize},
-          {"printerMemory", info.printerMemory},
+          {"xResolution", +info.xResolution},
+          {"yResolution", +info.yResolution},
+          {"fileSize", +info.fileSize},
+          {"printerMemory", +info.printerMemory},
           {"description", info.description},
           {"detail", info.detail},
           {"symbolSet", info.symbolSet},

@@ -82,7 +82,8 @@ std::string Table(const std::vector<const ZeFoundFile*>& files) {
 Json Listing(const std::vector<const ZeFoundFile*>& files) {
   Json fonts = Json::array();
   for (const ZeFoundFile* file : files) {
-    Json font = {{"path", file->path}, {"size", file->size}};
+    const std::uint32_t size = file->size;  // not aligned in its record
+    Json font = {{"path", file->path}, {"size", size}};
     font.update(RecordJson(RecordOf(*file)));
     fonts.push_back(font);
   }
