@@ -296,7 +296,7 @@ class Fonts(ProgramTest):
         self.assertEqual((answer["result"], answer["conversion"]), (0, "afm-to-pfm"))
         self.assertEqual(self.answer("font", "info", "out.pfm")["description"], "Tms Rmn")
         self.run_program("font", "convert", "out.pfm", "pfm-to-afm", "-o", "back.afm")
-        self.assertRegex(self.read("back.afm"), rb"C +65 ; WX 722 ; N A ;")
+        self.assertRegex(self.read("back.afm"), rb"C +65 ; WX +722 ; N A ;")
 
     def test_convert_refuses_what_is_no_font(self):
         self.write("a.sfp", self.PCL)
