@@ -27,7 +27,8 @@ void ReadBox(std::string_view text, Number (&box)[4]) {
 
 class AfmFile {
  public:
-  AfmFile(std::FILE* stream, AfmMetrics* metrics) : stream_(stream), metrics_(*metrics) {}
+  AfmFile(std::FILE* stream, AfmMetrics* metrics, AfmScope scope)
+      : stream_(stream), metrics_(*metrics), scope_(scope) {}
 
   Result Read() {
     TextLines lines(stream_);
@@ -55,6 +56,8 @@ class AfmFile {
       section_ = Section::kHeader;
     } else if (section_ == Section::kHeader) {
       ReadHeader(keyword, value);
+    } else if (scope_ == AfmScope::kHeader) {
+      return ZE_OK;
     } else if (section_ == Section::kCharacters && (keyword == "C" || keyword == "CH")) {
       ReadCharacter(keyword == "C" ? WholeOf(value) : -1, value);
     } else if (section_ == Section::kKernPairs && keyword == "KPX") {
@@ -135,6 +138,7 @@ class AfmFile {
 
   std::FILE* stream_;
   AfmMetrics& metrics_;
+  AfmScope scope_;
   Section section_ = Section::kHeader;
   std::uint32_t capacity_ = 0;
 };
@@ -152,6 +156,8 @@ AfmMetricsPtr NewAfmMetrics(const char* fontFile) {
   return metrics;
 }
 
-Result ReadAfm(std::FILE* stream, AfmMetrics* metrics) { return AfmFile(stream, metrics).Read(); }
+Result ReadAfm(std::FILE* stream, AfmMetrics* metrics, AfmScope scope) {
+  return AfmFile(stream, metrics, scope).Read();
+}
 
 }  // namespace zeapi

@@ -68,9 +68,13 @@ using AfmMetricsPtr = std::unique_ptr<AfmMetrics, AfmMetricsFree>;
 // A record of the font in this file with nothing read yet; null when there is no memory.
 AfmMetricsPtr NewAfmMetrics(const char* fontFile);
 
-// Reads an AFM file opened as text up to "EndFontMetrics" or its end. What it does not know it
-// skips. Returns 0; 11 when there is no memory for the kerning pairs; 27 when a read fails.
-Result ReadAfm(std::FILE* stream, AfmMetrics* metrics);
+// How much of an AFM file is wanted: a query asks for names alone, and most of a file is characters
+// and kerning pairs.
+enum class AfmScope { kAll, kHeader };
+
+// Reads an AFM file opened as text up to "EndFontMetrics" or its end. What it does not know, or is
+// not asked for, it skips. Returns 0; 11 when there is no memory for the kerning pairs; 27 when a read fails.
+Result ReadAfm(std::FILE* stream, AfmMetrics* metrics, AfmScope scope = AfmScope::kAll);
 
 // Reads an INF file opened as text. The first menu name and style count. Returns 0, or 27 when a
 // read fails.
