@@ -25,6 +25,8 @@ void ReadBox(std::string_view text, Number (&box)[4]) {
   for (Number& side : box) side = static_cast<Number>(WholeOf(TakeWord(&text)));
 }
 
+enum class AfmScope { kAll, kHeader };
+
 class AfmFile {
  public:
   AfmFile(std::FILE* stream, AfmMetrics* metrics, AfmScope scope)
@@ -156,8 +158,12 @@ AfmMetricsPtr NewAfmMetrics(const char* fontFile) {
   return metrics;
 }
 
-Result ReadAfm(std::FILE* stream, AfmMetrics* metrics, AfmScope scope) {
-  return AfmFile(stream, metrics, scope).Read();
+Result ReadAfm(std::FILE* stream, AfmMetrics* metrics) {
+  return AfmFile(stream, metrics, AfmScope::kAll).Read();
+}
+
+Result ReadAfmHeader(std::FILE* stream, AfmMetrics* metrics) {
+  return AfmFile(stream, metrics, AfmScope::kHeader).Read();
 }
 
 }  // namespace zeapi

@@ -68,13 +68,12 @@ using AfmMetricsPtr = std::unique_ptr<AfmMetrics, AfmMetricsFree>;
 // A record of the font in this file with nothing read yet; null when there is no memory.
 AfmMetricsPtr NewAfmMetrics(const char* fontFile);
 
-// How much of an AFM file is wanted: a query asks for names alone, and most of a file is characters
-// and kerning pairs.
-enum class AfmScope { kAll, kHeader };
+// Reads an AFM file opened as text up to "EndFontMetrics" or its end. What it does not know it
+// skips. Returns 0; 11 when there is no memory for the kerning pairs; 27 when a read fails.
+Result ReadAfm(std::FILE* stream, AfmMetrics* metrics);
 
-// Reads an AFM file opened as text up to "EndFontMetrics" or its end. What it does not know, or is
-// not asked for, it skips. Returns 0; 11 when there is no memory for the kerning pairs; 27 when a read fails.
-Result ReadAfm(std::FILE* stream, AfmMetrics* metrics, AfmScope scope = AfmScope::kAll);
+// Like ReadAfm, but skips the characters and kerning pairs too, which are most of a file.
+Result ReadAfmHeader(std::FILE* stream, AfmMetrics* metrics);
 
 // Reads an INF file opened as text. The first menu name and style count. Returns 0, or 27 when a
 // read fails.
