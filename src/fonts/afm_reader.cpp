@@ -28,9 +28,12 @@ void ReadBox(std::string_view text, Number (&box)[4]) {
   for (Number& side : box) side = static_cast<Number>(WholeOf(TakeWord(&text)));
 }
 
+enum class AfmScope { kAll, kHeader };
+
 class AfmFile {
  public:
-  AfmFile(std::FILE* stream, AfmMetrics* metrics) : stream_(stream), metrics_(*metrics) {}
+  AfmFile(std::FILE* stream, AfmMetrics* metrics, AfmScope scope)
+      : stream_(stream), metrics_(*metrics), scope_(scope) {}
 
   Result Read() {
     TextLines lines(stream_);
@@ -58,6 +61,8 @@ class AfmFile {
       section_ = Section::kHeader;
     } else if (section_ == Section::kHeader) {
       ReadHeader(keyword, value);
+    } else if (scope_ == AfmScope::kHeader) {
+      return ZE_OK;
     } else if (section_ == Section::kCharacters && (keyword == "C" || keyword == "CH")) {
       ReadCharacter(keyword == "C" ? WholeOf(value) : -1, value);
     } else if (section_ == Section::kKernPairs && keyword == "KPX") {
@@ -148,6 +153,7 @@ class AfmFile {
 
   std::FILE* stream_;
   AfmMetrics& metrics_;
+  AfmScope scope_;
   Section section_ = Section::kHeader;
   std::uint32_t capacity_ = 0;
   std::map<std::string, int, std::less<>> fontCodes_;  // of an encoding of the font's own
@@ -167,6 +173,12 @@ AfmMetricsPtr NewAfmMetrics(const char* fontFile) {
   return metrics;
 }
 
-Result ReadAfm(std::FILE* stream, AfmMetrics* metrics) { return AfmFile(stream, metrics).Read(); }
+Result ReadAfm(std::FILE* stream, AfmMetrics* metrics) {
+  return AfmFile(stream, metrics, AfmScope::kAll).Read();
+}
+
+Result ReadAfmHeader(std::FILE* stream, AfmMetrics* metrics) {
+  return AfmFile(stream, metrics, AfmScope::kHeader).Read();
+}
 
 }  // namespace zeapi

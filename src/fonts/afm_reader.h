@@ -72,6 +72,9 @@ AfmMetricsPtr NewAfmMetrics(const char* fontFile);
 // skips. Returns 0; 11 when there is no memory for the kerning pairs; 27 when a read fails.
 Result ReadAfm(std::FILE* stream, AfmMetrics* metrics);
 
+// Like ReadAfm, but skips the characters and kerning pairs too, which are most of a file.
+Result ReadAfmHeader(std::FILE* stream, AfmMetrics* metrics);
+
 // Reads an INF file opened as text. The first menu name and style count. Returns 0, or 27 when a
 // read fails.
 Result ReadInf(std::FILE* stream, AfmMetrics* metrics);
