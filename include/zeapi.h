@@ -309,8 +309,137 @@ ZEAPI_ASSERT_OFFSET(ZeFoundFile, kind, 268);
 ZEAPI_ASSERT_OFFSET(ZeFoundFile, rootLength, 272);
 ZEAPI_ASSERT_OFFSET(ZeFoundFile, size, 273);
 ZEAPI_ASSERT_SIZE(ZeFoundFile, 277);
+/** Accounting of one job. A field's name tells the elements it comes from, below element 2 of the
+ * record; what the printer means by them is the printer's own. Texts are zero-terminated. */
+typedef struct ZeJobAccountJob {
+  int32_t value1_1;  /**< 0. */
+  int32_t value1_2;  /**< 4. */
+  int32_t value1_3;  /**< 8. */
+  int32_t value1_4;  /**< 12. */
+  int32_t value1_5;  /**< 16. */
+  int32_t value1_6;  /**< 20. */
+  char text1_7[10];  /**< 24. */
+  int32_t value1_8;  /**< 34. */
+  int32_t value1_9;  /**< 38. */
+  int32_t value1_10; /**< 42. */
+  char text1_11[16]; /**< 46. */
+  char text2_1[41];  /**< 62. */
+  char text2_2[21];  /**< 103. */
+  char text2_3[21];  /**< 124. */
+  int32_t value2_4;  /**< 145. */
+  int32_t value2_5;  /**< 149. */
+  int32_t value2_6;  /**< 153. */
+  int32_t value2_7;  /**< 157. */
+  int32_t value2_8;  /**< 161. */
+  int32_t value2_9;  /**< 165. */
+  int32_t value2_10; /**< 169. */
+} ZeJobAccountJob;
+ZEAPI_ASSERT_OFFSET(ZeJobAccountJob, value1_1, 0);
+ZEAPI_ASSERT_OFFSET(ZeJobAccountJob, value1_2, 4);
+ZEAPI_ASSERT_OFFSET(ZeJobAccountJob, value1_3, 8);
+ZEAPI_ASSERT_OFFSET(ZeJobAccountJob, value1_4, 12);
+ZEAPI_ASSERT_OFFSET(ZeJobAccountJob, value1_5, 16);
+ZEAPI_ASSERT_OFFSET(ZeJobAccountJob, value1_6, 20);
+ZEAPI_ASSERT_OFFSET(ZeJobAccountJob, text1_7, 24);
+ZEAPI_ASSERT_OFFSET(ZeJobAccountJob, value1_8, 34);
+ZEAPI_ASSERT_OFFSET(ZeJobAccountJob, value1_9, 38);
+ZEAPI_ASSERT_OFFSET(ZeJobAccountJob, value1_10, 42);
+ZEAPI_ASSERT_OFFSET(ZeJobAccountJob, text1_11, 46);
+ZEAPI_ASSERT_OFFSET(ZeJobAccountJob, text2_1, 62);
+ZEAPI_ASSERT_OFFSET(ZeJobAccountJob, text2_2, 103);
+ZEAPI_ASSERT_OFFSET(ZeJobAccountJob, text2_3, 124);
+ZEAPI_ASSERT_OFFSET(ZeJobAccountJob, value2_4, 145);
+ZEAPI_ASSERT_OFFSET(ZeJobAccountJob, value2_5, 149);
+ZEAPI_ASSERT_OFFSET(ZeJobAccountJob, value2_6, 153);
+ZEAPI_ASSERT_OFFSET(ZeJobAccountJob, value2_7, 157);
+ZEAPI_ASSERT_OFFSET(ZeJobAccountJob, value2_8, 161);
+ZEAPI_ASSERT_OFFSET(ZeJobAccountJob, value2_9, 165);
+ZEAPI_ASSERT_OFFSET(ZeJobAccountJob, value2_10, 169);
+ZEAPI_ASSERT_SIZE(ZeJobAccountJob, 173);
+
+/** Running totals of the printer, from the elements below element 3 of the record. */
+typedef struct ZeJobAccountTotals {
+  int32_t value1_1; /**< 0. */
+  int32_t value2_1; /**< 4. */
+  int32_t value2_2; /**< 8. */
+  int32_t value2_3; /**< 12. */
+  int32_t value2_4; /**< 16. */
+  int32_t value2_5; /**< 20. */
+  char text2_6[16]; /**< 24. */
+  int32_t value2_7; /**< 40. */
+  char text2_8[10]; /**< 44. */
+  int32_t value3_1; /**< 54. */
+  int32_t value3_2; /**< 58. */
+  int32_t value3_3; /**< 62. */
+  int32_t value3_4; /**< 66. */
+  int32_t value3_5; /**< 70. */
+} ZeJobAccountTotals;
+ZEAPI_ASSERT_OFFSET(ZeJobAccountTotals, value1_1, 0);
+ZEAPI_ASSERT_OFFSET(ZeJobAccountTotals, value2_1, 4);
+ZEAPI_ASSERT_OFFSET(ZeJobAccountTotals, value2_2, 8);
+ZEAPI_ASSERT_OFFSET(ZeJobAccountTotals, value2_3, 12);
+ZEAPI_ASSERT_OFFSET(ZeJobAccountTotals, value2_4, 16);
+ZEAPI_ASSERT_OFFSET(ZeJobAccountTotals, value2_5, 20);
+ZEAPI_ASSERT_OFFSET(ZeJobAccountTotals, text2_6, 24);
+ZEAPI_ASSERT_OFFSET(ZeJobAccountTotals, value2_7, 40);
+ZEAPI_ASSERT_OFFSET(ZeJobAccountTotals, text2_8, 44);
+ZEAPI_ASSERT_OFFSET(ZeJobAccountTotals, value3_1, 54);
+ZEAPI_ASSERT_OFFSET(ZeJobAccountTotals, value3_2, 58);
+ZEAPI_ASSERT_OFFSET(ZeJobAccountTotals, value3_3, 62);
+ZEAPI_ASSERT_OFFSET(ZeJobAccountTotals, value3_4, 66);
+ZEAPI_ASSERT_OFFSET(ZeJobAccountTotals, value3_5, 70);
+ZEAPI_ASSERT_SIZE(ZeJobAccountTotals, 74);
 
 #pragma pack(pop)
+
+/* Pointers and 32-bit numbers alone need no packing, and aligned they can be used everywhere. */
+
+/** One installed option: an entry of ZeOptionInfo::items. What the printer means by the elements is the
+ * printer's own. */
+typedef struct ZeOptionItem {
+  int32_t value1; /**< 0: element 1. */
+  int32_t value5; /**< 4: element 5. */
+  char* text6;    /**< 8: element 6; empty when the element is, null when there is none. */
+} ZeOptionItem;
+ZEAPI_ASSERT_OFFSET(ZeOptionItem, value1, 0);
+ZEAPI_ASSERT_OFFSET(ZeOptionItem, value5, 4);
+ZEAPI_ASSERT_OFFSET(ZeOptionItem, text6, 8);
+ZEAPI_ASSERT_SIZE(ZeOptionItem, 12);
+
+/** One group of options: an entry of ZeOptionInfo::groups. */
+typedef struct ZeOptionGroup {
+  char* text1;         /**< 0: element 1; null when it is empty or not there. */
+  char* text2;         /**< 4: element 2; null when it is empty or not there. */
+  uint32_t valueCount; /**< 8: number of `values`. */
+  int32_t* values;     /**< 12: element 1 of each child of element 3. */
+} ZeOptionGroup;
+ZEAPI_ASSERT_OFFSET(ZeOptionGroup, text1, 0);
+ZEAPI_ASSERT_OFFSET(ZeOptionGroup, text2, 4);
+ZEAPI_ASSERT_OFFSET(ZeOptionGroup, valueCount, 8);
+ZEAPI_ASSERT_OFFSET(ZeOptionGroup, values, 12);
+ZEAPI_ASSERT_SIZE(ZeOptionGroup, 16);
+
+/** What ZeParseOptionInfo() makes of an option record. */
+typedef struct ZeOptionInfo {
+  uint32_t itemCount;    /**< 0: number of `items`. */
+  ZeOptionItem* items;   /**< 4: null when there are none. */
+  uint32_t groupCount;   /**< 8: number of `groups`. */
+  ZeOptionGroup* groups; /**< 12: null when there are none. */
+} ZeOptionInfo;
+ZEAPI_ASSERT_OFFSET(ZeOptionInfo, itemCount, 0);
+ZEAPI_ASSERT_OFFSET(ZeOptionInfo, items, 4);
+ZEAPI_ASSERT_OFFSET(ZeOptionInfo, groupCount, 8);
+ZEAPI_ASSERT_OFFSET(ZeOptionInfo, groups, 12);
+ZEAPI_ASSERT_SIZE(ZeOptionInfo, 16);
+
+/** What ZeParseJobAccountingAlert() makes of a job accounting record. */
+typedef struct ZeJobAccount {
+  ZeJobAccountJob* job;       /**< 0: null when the record has none. */
+  ZeJobAccountTotals* totals; /**< 4: null when the record has none. */
+} ZeJobAccount;
+ZEAPI_ASSERT_OFFSET(ZeJobAccount, job, 0);
+ZEAPI_ASSERT_OFFSET(ZeJobAccount, totals, 4);
+ZEAPI_ASSERT_SIZE(ZeJobAccount, 8);
 
 /**
  * Called by ZeFilModify() for each line.
@@ -622,6 +751,45 @@ ZEAPI_EXPORT char* ZEAPI_CALL ZeStrCpyFile(char* destination, const char* path) 
 
 /** Like ZeStrCpyFile(), for what stands before the file name, final separator included. */
 ZEAPI_EXPORT char* ZEAPI_CALL ZeStrCpyPath(char* destination, const char* path) ZEAPI_NOEXCEPT;
+/** @} */
+
+/**
+ * @name Printer records
+ *
+ * Printers send binary records of their options and of finished jobs; the caller hands them over as they
+ * came. All numbers in a record are big-endian. It begins with the number of bytes that follow (16
+ * bits) and its version (16 bits); then come three keys, each two bytes and a text up to `}`, pairs
+ * of a name and a length in bytes such as `ID:1,DT:1`, which declare the headers of every element (ID,
+ * DT), of containers (DT 0: NE children, LD bytes) and of data (DT 1 integer, 2 text: LD, DA);
+ * then the tree of elements. A number of 1 byte is signed, of 2 or 4 bytes unsigned; other lengths count
+ * as 0. Elements that are not known are skipped. A record ends where it is cut or breaks its own
+ * rules, and what was read so far is the result: a key with a name that is not known, a length
+ * beyond the record, more children than bytes, a text longer than its field (it is cut to fit). Each
+ * step is logged.
+ */
+/** @{ */
+
+/**
+ * Reads an option record.
+ * @param buffer  the record; as many bytes as its first two say, and these two.
+ * @return a record to release with ZeFreeOptionInfo(), empty when there are no options in it; null for
+ *         a null buffer and when there is no memory.
+ */
+ZEAPI_EXPORT ZeOptionInfo* ZEAPI_CALL ZeParseOptionInfo(const void* buffer) ZEAPI_NOEXCEPT;
+
+/** Releases what ZeParseOptionInfo() returned. Null is ignored. */
+ZEAPI_EXPORT void ZEAPI_CALL ZeFreeOptionInfo(ZeOptionInfo* info) ZEAPI_NOEXCEPT;
+
+/**
+ * Reads a job accounting record. Where it has several root elements, all of them fill one result.
+ * @param buffer  as for ZeParseOptionInfo().
+ * @return a record to release with ZeFreeJobAccount(); null for a null buffer and when there is no
+ *         memory.
+ */
+ZEAPI_EXPORT ZeJobAccount* ZEAPI_CALL ZeParseJobAccountingAlert(const void* buffer) ZEAPI_NOEXCEPT;
+
+/** Releases what ZeParseJobAccountingAlert() returned. Null is ignored. */
+ZEAPI_EXPORT void ZEAPI_CALL ZeFreeJobAccount(ZeJobAccount* account) ZEAPI_NOEXCEPT;
 /** @} */
 
 #if defined(__cplusplus)

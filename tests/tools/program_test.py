@@ -430,9 +430,51 @@ class Job(ProgramTest):
         self.assertTrue(any("row of a picture" in line for line in lines), lines)
 
 
+class Records(ProgramTest):
+    KEYS = b"\0\1P{ID:1,DT:1}C{NE:1,LD:2}D{LD:1,DA:0}"
+
+    @staticmethod
+    def container(identifier, *children):
+        content = b"".join(children)
+        return bytes([identifier, 0, len(children)]) + len(content).to_bytes(2, "big") + content
+
+    def write_record(self, *elements):
+        body = self.KEYS + b"".join(elements)
+        self.write("record", len(body).to_bytes(2, "big") + body)
+
+    def test_options(self):
+        item = self.container(1, b"\1\1\1\x0b", b"\5\1\1\x0f", b"\6\2\4tray")
+        values = self.container(3, self.container(1, b"\1\1\1\x07"))
+        group = self.container(1, b"\1\2\1a", values)
+        self.write_record(self.container(1, self.container(1, item), self.container(3, group)))
+        answer = self.answer("record", "options", "record")
+        self.assertEqual(answer["items"], [{"value1": 11, "value5": 15, "text6": "tray"}])
+        self.assertEqual(answer["groups"], [{"text1": "a", "text2": None, "values": [7]}])
+        self.assertEqual(
+            self.run_program("record", "options", "record").stdout,
+            'Items: 1\n  1: 11, 5: 15, 6: "tray"\nGroups: 1\n  1: "a", 2: none, 3: 7\n',
+        )
+
+    def test_account(self):
+        job = self.container(2, self.container(1, b"\1\1\1\x05", b"\x0b\2\3job"))
+        self.write_record(self.container(1, job))
+        answer = self.answer("record", "account", "record")
+        self.assertEqual(answer["job"]["value1_1"], 5)
+        self.assertEqual(answer["job"]["text1_11"], "job")
+        self.assertIsNone(answer["totals"])
+        lines = self.run_program("record", "account", "record").stdout.splitlines()
+        self.assertEqual(lines[:2], ["job:", "  value1_1 5"])
+
+    def test_records_that_are_cut(self):
+        for data in (b"", b"\0", b"\0\x05abcd"):
+            self.write("record", data)
+            self.run_program("record", "account", "record", exit_code=27)
+        self.run_program("record", "options", "none", exit_code=2)
+
+
 class CommandLine(ProgramTest):
     def test_every_command_has_help(self):
-        commands = ["info", "send", "string", "font", "resource", "file", "job"]
+        commands = ["info", "send", "string", "font", "resource", "file", "job", "record"]
         listed = self.run_program("--help").stdout
         for command in commands:
             self.assertIn("\n  " + command + " ", listed)
@@ -449,7 +491,7 @@ class CommandLine(ProgramTest):
 
 def main():
     arguments = sys.argv[1:]
-    suites = [Smoke, Sending, Fonts, Files, Job, CommandLine]
+    suites = [Smoke, Sending, Fonts, Files, Job, Records, CommandLine]
     if arguments[:1] == ["--smoke"]:
         arguments = arguments[1:]
         suites = [Smoke]
