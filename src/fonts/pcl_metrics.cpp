@@ -108,12 +108,11 @@ class PclDescription {
         m.widths[static_cast<std::size_t>(code)] = ToU16(Dots(character->advance));
     }
     SetWidthSummary(m.widths, &m);
-    if (m.fixedPitch) {
-      m.pixelWidth = ToU16(Pitch());
+    SetPixelWidth(ToU16(Pitch()), &m);
+    if (!m.hasWidths) {
       m.averageWidth = m.pixelWidth;
       m.maximumWidth = m.pixelWidth;
     }
-    m.hasWidths = !m.fixedPitch;
 
     const int twips = descriptor_.height * 360 / m.verticalResolution;
     m.points = ToU16((twips + 10) / 20);

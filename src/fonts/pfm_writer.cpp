@@ -211,8 +211,12 @@ void SetDefaultSize(WindowsMetrics* metrics) {
     metrics->widths[code] = ToU16(DotsAtDefaultSize(metrics->extents[code], em));
   }
   SetWidthSummary(metrics->widths, metrics);
-  metrics->hasWidths = !metrics->fixedPitch;
-  metrics->pixelWidth = metrics->fixedPitch ? metrics->maximumWidth : std::uint16_t{0};
+  SetPixelWidth(metrics->maximumWidth, metrics);
+}
+
+void SetPixelWidth(std::uint16_t fixedWidth, WindowsMetrics* metrics) {
+  metrics->pixelWidth = metrics->fixedPitch ? fixedWidth : std::uint16_t{0};
+  metrics->hasWidths = metrics->pixelWidth == 0;
 }
 
 void SetWidthSummary(const std::array<std::uint16_t, 256>& table, WindowsMetrics* metrics) {
