@@ -22,8 +22,8 @@ std::uint16_t SymbolSetValue(std::string_view code) {
   unsigned number = 0;
   const auto [end, error] = std::from_chars(code.data(), code.data() + code.size(), number);
   if (error != std::errc() || end + 1 != code.data() + code.size() || number > 2047) return 0;
-  return *end > '@' && *end <= 'Z' ? static_cast<std::uint16_t>(number * 32 + (*end - '@'))
-                                   : std::uint16_t{0};
+  if (*end <= '@' || *end > 'Z') return 0;
+  return static_cast<std::uint16_t>(number * 32 + static_cast<unsigned>(*end - '@'));
 }
 
 class IntellifontDescription {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <limits>
+#include <tuple>
 
 #include "base/byte_writer.h"
 #include "platform/files.h"
@@ -166,9 +167,11 @@ class PfmFile {
   void KernPairs() {
     std::vector<AfmKernPair> pairs = metrics_.kernPairs;
     pairs.resize(KernPairCount());
-    const auto word = [](const AfmKernPair& pair) { return pair.second << 8 | pair.first; };
-    std::stable_sort(pairs.begin(), pairs.end(),
-                     [&](const AfmKernPair& a, const AfmKernPair& b) { return word(a) < word(b); });
+    const auto key = [](const AfmKernPair& pair) {
+      return std::tuple(pair.second, pair.first, pair.amount);
+    };
+    std::sort(pairs.begin(), pairs.end(),
+              [&](const AfmKernPair& a, const AfmKernPair& b) { return key(a) < key(b); });
     out_.U16Le(static_cast<std::uint16_t>(pairs.size()));
     for (const AfmKernPair& pair : pairs) {
       out_.U8(pair.first);
