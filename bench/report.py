@@ -21,6 +21,12 @@ ROWS = [
      lambda ratio, rate: ratio <= 2),
     ("DataCounts", "counting 100,000 records", "reading their lines", "3 or less",
      lambda ratio, rate: ratio <= 3),
+    ("FontFindAndRead", "10,000 fonts listed", "reading the files", "3.00 or less",
+     lambda ratio, rate: ratio <= 3),
+    ("FontFindAndScan", "Type 1 fonts listed", "`fc-scan`", "0.10 or less",
+     lambda ratio, rate: ratio <= 0.1),
+    ("FontFindTwice", "20,000 fonts listed", "10,000 fonts listed", "2.50 or less",
+     lambda ratio, rate: ratio <= 2.5),
 ]
 
 

@@ -4,7 +4,8 @@ namespace tool {
 namespace {
 
 constexpr AddFamily kFamilies[] = {
-    AddInfo, AddSend, AddString, AddResource, AddFile, AddJob,
+    AddInfo,  AddSend, AddString, AddFont, AddResource, AddFile,   AddIni,
+    AddPanel, AddQsf,  AddData,   AddUrl,  AddJob,      AddRecord,
 };
 
 }  // namespace

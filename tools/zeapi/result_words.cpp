@@ -30,6 +30,14 @@ constexpr Words kWords[] = {
     {ZE_UNSUPPORTED, "this is not supported"},
     {ZE_COPY_FAILED, "copying failed"},
     {ZE_NO_BACKUP_NAME, "all 998 backup names are taken"},
+    {ZE_SEEK_FAILED, "the file cannot be positioned"},
+    {ZE_BAD_HEADER, "the head of the file is not one of its kind"},
+    {ZE_KEY_NOT_FOUND, "there is no such key"},
+    {ZE_BUFFER_TOO_SMALL, "the answer is too long"},
+    {ZE_BAD_CHECKSUM, "the file is damaged: its checksum differs"},
+    {ZE_UNKNOWN_TYPE, "the file or printer is of another type"},
+    {ZE_SECTION_NOT_FOUND, "there is no such section"},
+    {ZE_DEFAULT_USED, "nothing was found and the default was used"},
 };
 
 }  // namespace

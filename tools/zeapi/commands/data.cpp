@@ -15,9 +15,8 @@ struct DataOptions {
   std::int32_t kind = 0;
 };
 
-constexpr Choice kKinds[] = {{"configuration", ZE_DAT_CONFIGURATION_FILES},
-                             {"setup", ZE_DAT_SETUP_FILES},
-                             {"all", 0}};
+constexpr Choice kKinds[] = {
+    {"configuration", ZE_DAT_CONFIGURATION_FILES}, {"setup", ZE_DAT_SETUP_FILES}, {"all", 0}};
 
 // The family's codes in those that the program reports by.
 std::uint32_t ResultOf(int code) {
@@ -45,16 +44,20 @@ Json ToJson(const ZeDatRecord& record) {
   const double low = record.dVarRangeLo;
   const double high = record.dVarRangeHi;
   const double increment = record.dVarIncrement;
-  return {{"key", record.szKey},         {"description", record.szDescr},
-          {"emulation", record.szEmulation}, {"command", record.szCommand},
-          {"format", record.szVarFormat},    {"low", low},
-          {"high", high},                    {"increment", increment},
+  return {{"key", record.szKey},
+          {"description", record.szDescr},
+          {"emulation", record.szEmulation},
+          {"command", record.szCommand},
+          {"format", record.szVarFormat},
+          {"low", low},
+          {"high", high},
+          {"increment", increment},
           {"duration", record.szDuration}};
 }
 
 std::string ToText(const ZeDatRecord& record) {
-  return std::string(record.szKey) + "  " + record.szDescr + " (" + record.szEmulation + "): " +
-         record.szCommand;
+  return std::string(record.szKey) + "  " + record.szDescr + " (" + record.szEmulation +
+         "): " + record.szCommand;
 }
 
 // Every record from the first match of the key on; `all` false stops at that one.
@@ -120,8 +123,7 @@ Report Files(const DataOptions& options) {
       ZeDatQueryFiles(options.path.c_str(), static_cast<std::uint32_t>(options.kind), &count);
   Json files = Json::array();
   for (const ZeDatFileInfo* file = list; file != nullptr; file = file->next) {
-    report.done += (files.empty() ? "" : "\n") + std::string(file->path) + ": " +
-                   file->description;
+    report.done += (files.empty() ? "" : "\n") + std::string(file->path) + ": " + file->description;
     files.push_back({{"path", file->path}, {"description", file->description}});
   }
   ZeDatQueryFilesFree(list);

@@ -57,21 +57,21 @@ Report Edited(std::uint32_t done, IniHandle ini, const std::string& file) {
 }
 
 Report Set(const IniOptions& options, IniHandle ini) {
-  return Edited(ZeIniWrite(ini.get(), options.section.c_str(), OrNull(options.key),
-                           OrNull(options.value)),
-                std::move(ini), options.file);
+  return Edited(
+      ZeIniWrite(ini.get(), options.section.c_str(), OrNull(options.key), OrNull(options.value)),
+      std::move(ini), options.file);
 }
 
 Report Add(const IniOptions& options, IniHandle ini) {
-  return Edited(ZeIniWriteAll(ini.get(), options.section.c_str(), OrNull(options.key),
-                              OrNull(options.value)),
-                std::move(ini), options.file);
+  return Edited(
+      ZeIniWriteAll(ini.get(), options.section.c_str(), OrNull(options.key), OrNull(options.value)),
+      std::move(ini), options.file);
 }
 
 Report Delete(const IniOptions& options, IniHandle ini) {
-  return Edited(ZeIniDelete(ini.get(), options.section.c_str(), OrNull(options.key),
-                            OrNull(options.value)),
-                std::move(ini), options.file);
+  return Edited(
+      ZeIniDelete(ini.get(), options.section.c_str(), OrNull(options.key), OrNull(options.value)),
+      std::move(ini), options.file);
 }
 
 struct Action {
@@ -130,9 +130,7 @@ void AddIni(CLI::App& program, Session& session) {
         ->required()
         ->type_name("SECTION");
     if (name != "list") {
-      command->add_option("key", options->key, "Key")
-          ->required(name != "delete")
-          ->type_name("KEY");
+      command->add_option("key", options->key, "Key")->required(name != "delete")->type_name("KEY");
     }
     if (name == "get") {
       command->add_option("--default", options->value, "What to show where there is no such key")

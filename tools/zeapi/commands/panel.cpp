@@ -38,8 +38,8 @@ void Spin(void* panel, const PanelOptions& options, Report* report) {
   std::int32_t maximum = 0;
   std::int32_t third = 0;
   ZeOpcGetSpinControlLimits(panel, options.item, &minimum, &maximum, &third);
-  report->done = std::to_string(minimum) + " " + std::to_string(maximum) + " " +
-                 std::to_string(third);
+  report->done =
+      std::to_string(minimum) + " " + std::to_string(maximum) + " " + std::to_string(third);
   report->fields.update({{"minimum", minimum}, {"maximum", maximum}, {"third", third}});
 }
 
@@ -86,8 +86,7 @@ void Defaults(void* panel, const PanelOptions& options, Report* report) {
 void Variables(void* panel, const PanelOptions& options, Report* report) {
   constexpr std::int32_t kRoom = 4000;  // more than the longest value lists
   std::vector<unsigned char> bytes(kRoom);
-  const std::int16_t count =
-      ZeOpcGetPageOmVars(panel, options.item, bytes.data(), kRoom);
+  const std::int16_t count = ZeOpcGetPageOmVars(panel, options.item, bytes.data(), kRoom);
   if (count < 0) {
     report->result = count == kMissing ? ZE_KEY_NOT_FOUND : ZE_BAD_FORMAT;
     return;
@@ -123,7 +122,8 @@ constexpr Query kQueries[] = {
     {"edit-length", "CONTROL", EditLength, "Show the maximum length of an edit field",
      "JSON: \"length\"."},
     {"defaults", "PAGE", Defaults, "List the controls of a page and their defaults",
-     "JSON: \"defaults\", each with \"control\" and \"default\". A page that is missing gives exit\n"
+     "JSON: \"defaults\", each with \"control\" and \"default\". A page that is missing gives "
+     "exit\n"
      "code 41."},
     {"variables", "PAGE", Variables, "List the option variables that a page sets",
      "JSON: \"variables\", in hexadecimal. A page that is missing gives exit code 41."},

@@ -50,8 +50,8 @@ void List(const QsfOptions& options, Session& session) {
   Report report;
   const std::string list = NameOf(kLists, options.list);
   report.command = "qsf list";
-  report.cannot = "list the variables of model " + std::to_string(options.model) + " in " +
-                  options.file;
+  report.cannot =
+      "list the variables of model " + std::to_string(options.model) + " in " + options.file;
   report.fields = {{"file", options.file}, {"model", options.model}, {"list", list}};
   const IniHandle ini(ZeIniOpen2(options.file.c_str(), ZE_INI_READ));
   if (ini == nullptr) {

@@ -75,8 +75,9 @@ void AddUrl(CLI::App& program, Session& session) {
   family->require_subcommand(1);
   auto options = std::make_shared<UrlOptions>();
 
-  CLI::App* path = session.AddCommand(*family, "path", "Build an address of path segments",
-                                      "JSON: \"url\". A printer without a number gives exit code 44.");
+  CLI::App* path =
+      session.AddCommand(*family, "path", "Build an address of path segments",
+                         "JSON: \"url\". A printer without a number gives exit code 44.");
   AddTopic(*path, *options);
   path->add_option("--printer", options->printer, "Printer code; -1 for none")->type_name("N");
   path->add_option("--language", options->language, "Language number")->type_name("N");
