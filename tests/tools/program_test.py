@@ -87,6 +87,105 @@ class Smoke(ProgramTest):
         self.assertEqual(done.stdout, "")
 
 
+class Configuration(ProgramTest):
+    def test_ini_values_are_set_read_listed_and_deleted(self):
+        self.run_program("ini", "set", "a.ini", "Options", "Tray", "2")
+        self.run_program("ini", "add", "a.ini", "Options", "Tray", "3")
+        self.run_program("ini", "add", "a.ini", "Options", "Tray", "3")
+        self.assertEqual(self.run_program("ini", "get", "a.ini", "options", "TRAY").stdout, "2\n")
+        answer = self.answer("ini", "list", "a.ini", "Options")
+        self.assertEqual(answer["lines"], ["Tray=2", "Tray=3"])
+        self.run_program("ini", "delete", "a.ini", "Options", "Tray", "2")
+        self.assertEqual(
+            self.read("a.ini").replace(b"\r", b""), b"[Options]\nTray=3\n"
+        )
+        self.run_program("ini", "delete", "a.ini", "Options")
+        self.assertEqual(self.read("a.ini").replace(b"\r", b""), b"Tray=3\n")
+
+    def test_ini_says_what_is_missing(self):
+        self.write("a.ini", b"[s]\nkey=" + b"v" * 1000 + b"\n")
+        self.assertEqual(self.answer("ini", "get", "a.ini", "s", "key")["value"], "v" * 1000)
+        self.run_program("ini", "get", "a.ini", "s", "other", exit_code=41)
+        self.run_program("ini", "get", "a.ini", "t", "key", exit_code=45)
+        self.run_program("ini", "list", "a.ini", "t", exit_code=45)
+        self.run_program("ini", "get", "none.ini", "s", "key", exit_code=3)
+        self.run_program("ini", "delete", "none.ini", "s", exit_code=3)
+        answer = self.answer("ini", "get", "a.ini", "s", "other", "--default", "d")
+        self.assertEqual((answer["value"], answer["default"]), ("d", True))
+
+    def test_panel_queries(self):
+        os.mkdir(os.path.join(self.folder, "panels"))
+        self.write(
+            "panels/opc007.cfg",
+            b"[Format]\nStyle=2\n[Spin Limits]\n001a=1;99;5\n[Combos]\n001a-3=10;20\n"
+            b"[Edit Lengths]\n001a=8\n[Dialogs]\n1=P\n[P]\nNumCtrls=1\nDefaults=1a;-6\n"
+            b"NumOMVAR=1\nOMVAR=12AB\n",
+        )
+        where = ["--directory", "panels"]
+        self.assertEqual(self.answer("panel", "file", "7")["file"], "opc007.cfg")
+        spin = self.answer("panel", "spin", "7", "26", *where)
+        self.assertEqual((spin["minimum"], spin["maximum"], spin["third"]), (1, 99, 5))
+        self.assertEqual(
+            self.run_program("panel", "texts", "7", "26", "--sub", "3", *where).stdout, "10\n20\n"
+        )
+        self.assertEqual(self.answer("panel", "edit-length", "7", "26", *where)["length"], 8)
+        self.assertEqual(
+            self.answer("panel", "defaults", "7", "1", *where)["defaults"],
+            [{"control": 26, "default": -6}],
+        )
+        self.assertEqual(self.answer("panel", "variables", "7", "1", *where)["variables"], ["12ab"])
+        self.run_program("panel", "defaults", "7", "2", *where, exit_code=41)
+        self.run_program("panel", "texts", "7", "26", *where, exit_code=41)
+        self.run_program("panel", "spin", "8", "26", *where, exit_code=3)
+
+    def test_qsf_lists_and_blocks(self):
+        self.write(
+            "lists.ini", b"[DEFAULTORDER]\nNUMVARS=2\nNUMENTRIES=1\nOMVARS1=0x1A beef\n"
+        )
+        answer = self.answer("qsf", "list", "lists.ini", "12", "order")
+        self.assertEqual(answer["variables"], ["001a", "beef"])
+        self.run_program("qsf", "list", "lists.ini", "12", "required", exit_code=45)
+        self.write("file.qsf", b"QS" + bytes(72))
+        self.run_program("qsf", "block", "file.qsf", "1", "1", exit_code=44)
+        self.run_program("qsf", "block", "file.qsf", "0", "1", exit_code=43)
+        # The words beside the checksum add up to "QS".
+        self.write("file.qsf", b"QS" + (65536 - 0x5351).to_bytes(2, "little") + bytes(70))
+        self.assertEqual(self.answer("qsf", "block", "file.qsf", "0", "1")["count"], 0)
+        self.run_program("qsf", "block", "file.qsf", "0", "3", exit_code=1)
+
+    def test_data_files(self):
+        line = b'"%s","Setting","PCL","1B","%%d",1,2.5,0.5,"P"\n'
+        self.write("d.cfg", b"#!Settings\n" + line % b"A_1" + line % b"SF" + line % b"ST")
+        records = self.answer("data", "list", "d.cfg")["records"]
+        self.assertEqual([record["key"] for record in records], ["A_1", "SF", "ST"])
+        self.assertEqual((records[0]["high"], records[0]["duration"]), (2.5, "P"))
+        self.assertEqual(
+            self.run_program("data", "find", "d.cfg", "S").stdout, "SF  Setting (PCL): 1B\n"
+        )
+        self.run_program("data", "find", "d.cfg", "X", exit_code=41)
+        self.assertEqual(self.answer("data", "count", "d.cfg", "S")["count"], 2)
+        counts = self.answer("data", "count", "d.cfg")
+        self.assertEqual((counts["first"]["S"], counts["second"]["SF"]), (2, 1))
+        files = self.answer("data", "files", ".", "--kind", "configuration")["files"]
+        self.assertEqual(files, [{"path": ".\\d.cfg", "description": "Settings"}])
+        self.run_program("data", "list", "none.cfg", exit_code=2)
+        self.write("bad.cfg", b"bad\n")
+        self.run_program("data", "list", "bad.cfg", exit_code=27)
+
+    def test_web_addresses(self):
+        url = self.answer("url", "path", "drivers", "--printer", "0", "--language", "3")["url"]
+        self.assertTrue(url.endswith("/NA/drivers/3/8"), url)
+        self.run_program("url", "path", "drivers", "--printer", "2", exit_code=44)
+        self.write("web.ini", b"[AREA]\nDRIVERS=\n")
+        url = self.answer("url", "path", "drivers", "--ini", "web.ini")["url"]
+        self.assertTrue(url.endswith("/NA/0"), url)
+        self.run_program("url", "path", "drivers", "--ini", "none.ini", exit_code=3)
+        url = self.answer(
+            "url", "query", "techsupport", "--family", "1", "--model", "2", "--language-id", "1031"
+        )["url"]
+        self.assertIn("/MD/?func=support&lang=2&prtr=B001002&ctry=", url)
+
+
 class Sending(ProgramTest):
     def test_format_request_of_a_pjl_printer(self):
         self.run_program(

@@ -30,7 +30,15 @@ TEST(ResultWords, HasWordsOfItsOwnForEachCode) {
                                       ZE_SHARING_VIOLATION,
                                       ZE_UNSUPPORTED,
                                       ZE_COPY_FAILED,
-                                      ZE_NO_BACKUP_NAME};
+                                      ZE_NO_BACKUP_NAME,
+                                      ZE_SEEK_FAILED,
+                                      ZE_BAD_HEADER,
+                                      ZE_KEY_NOT_FOUND,
+                                      ZE_BUFFER_TOO_SMALL,
+                                      ZE_BAD_CHECKSUM,
+                                      ZE_UNKNOWN_TYPE,
+                                      ZE_SECTION_NOT_FOUND,
+                                      ZE_DEFAULT_USED};
   for (const std::uint32_t code : kCodes) {
     EXPECT_NE(ResultWords(code), ResultWords(999)) << code;
     EXPECT_TRUE(words.insert(ResultWords(code)).second) << code;
