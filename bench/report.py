@@ -13,6 +13,10 @@ ROWS = [
      "1000 MB/s or more, or 0.25 or less", lambda ratio, rate: rate >= 1e9 or ratio <= 0.25),
     ("Checksum", "checksum of a file", "reading the file", "1.50 or less",
      lambda ratio, rate: ratio <= 1.5),
+    ("StreamFixup/image", "PCL XL fixup of a page of images", "copying through as many files",
+     "1.50 or less", lambda ratio, rate: ratio <= 1.5),
+    ("StreamFixup/drawing", "PCL XL fixup of a page of lines", "copying through as many files",
+     "1.50 or less", lambda ratio, rate: ratio <= 1.5),
 ]
 
 
