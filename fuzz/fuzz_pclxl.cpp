@@ -16,6 +16,21 @@
 namespace zeapi::fuzz {
 namespace {
 
+// The work files are in the current directory; the engine has its files there too.
+class InFolder {
+ public:
+  explicit InFolder(const std::filesystem::path& folder)
+      : before_(std::filesystem::current_path()) {
+    std::filesystem::current_path(folder);
+  }
+  ~InFolder() { std::filesystem::current_path(before_); }
+  InFolder(const InFolder&) = delete;
+  InFolder& operator=(const InFolder&) = delete;
+
+ private:
+  std::filesystem::path before_;
+};
+
 class CountingSink final : public XlListingSink {
  public:
   void Text(std::string_view text) override { size += text.size(); }
@@ -82,7 +97,7 @@ using namespace zeapi::fuzz;
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   static const PrivateDrives drives("w");
-  std::filesystem::current_path(drives.Folder("w"));
+  const InFolder folder(drives.Folder("w"));
   Input input(data, size);
   Numbers numbers(input.Line());
   const bool fixup = numbers.Below(2) != 0;

@@ -22,7 +22,8 @@ class PclXlFaultTest : public JobTest {
   void SetUp() override {
     JobTest::SetUp();
     // Larger than every buffer on the way, so that all of them are filled and come back to.
-    body = xl::Body() + xl::Attribute(xl::UbyteArray("text"), 0xAB) + "\xA8" + xl::Data(std::string(9000, 'i')) + xl::Body();
+    body = xl::Body() + xl::Attribute(xl::UbyteArray("text"), 0xAB) + "\xA8" +
+           xl::Data(std::string(9000, 'i')) + xl::Body();
     WriteFile("source", "\x1B%-12345X" + xl::Session(xl::Page(body)));
   }
 
