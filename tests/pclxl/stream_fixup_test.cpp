@@ -73,7 +73,7 @@ TEST_F(XlFixupTest, SessionWithoutAPageIsRefusedWhateverAnEarlierRunLeft) {
 }
 
 TEST_F(XlFixupTest, SessionOpeningOf52BytesIsKeptAndALongerOneRefused) {
-  for (const std::size_t size : {1, 51, 52, 53, 100, 5000}) {
+  for (const std::size_t size : {1U, 51U, 52U, 53U, 100U, 5000U}) {
     std::string opening(size - 1, ' ');
     opening += Hex({0x41});
     const std::string stream = std::string(kHeader) + opening + Page(Body()) + Hex({0x42});
