@@ -157,6 +157,18 @@ enum ZeFontFormat {
   ZE_FONT_CARTRIDGE = 28       /**< Metrics of a font cartridge: PCM. */
 };
 
+/** Conversions of ZeFonConvert(). */
+enum ZeFontConversion {
+  ZE_CONVERT_AFM_TO_PFM = 1,         /**< Type 1 metrics to Windows metrics. */
+  ZE_CONVERT_AFM_TO_PFM_AND_PSM = 2, /**< The same, for two devices. */
+  ZE_CONVERT_PFM_TO_AFM = 3,         /**< Windows metrics to Type 1 metrics. */
+  ZE_CONVERT_DLF_TO_PBM = 4,         /**< DLF font to Windows metrics. */
+  ZE_CONVERT_PCL_TO_PFM = 5,         /**< PCL soft font to Windows metrics. */
+  ZE_CONVERT_TFM_TO_PFM = 6,         /**< Intellifont metrics to Windows metrics. */
+  ZE_CONVERT_TFM_TO_PFM_NAMED = 16,  /**< The same, with the stored name of the font. */
+  ZE_CONVERT_PCL_TO_PFM_NAMED = 17   /**< PCL soft font, with its stored name. */
+};
+
 /** Bits of ZeFontInfo::flags; all others are 0. */
 enum ZeFontFlags {
   ZE_FONT_BINARY = 0x01,       /**< A binary file; PFA and AFM are text. */
@@ -293,6 +305,34 @@ ZEAPI_ASSERT_OFFSET(ZeFontInfo, metricsFile, 450);
 ZEAPI_ASSERT_OFFSET(ZeFontInfo, cartridge, 710);
 ZEAPI_ASSERT_SIZE(ZeFontInfo, 714);
 
+/** What a search was for, ZeFoundFile::kind. */
+enum ZeFoundKind {
+  ZE_FOUND_FONT = 1, /**< `info` is a ZeFontInfo. */
+  ZE_FOUND_DEMO = 2, /**< `info` is null. */
+  ZE_FOUND_MACRO = 3 /**< `info` is a macro option record of 40 bytes. */
+};
+
+/**
+ * A file that a search found; 277 bytes. The list runs from the file found last to the first one
+ * and belongs to the caller, who gives it back as a whole with ZeFonFindFree().
+ */
+typedef struct ZeFoundFile {
+  char path[260];           /**< 0: full path of the file. */
+  void* info;               /**< 260: the record that `kind` tells, or null. */
+  struct ZeFoundFile* next; /**< 264: the file found before this one, or null. */
+  uint32_t kind;            /**< 268: ZE_FOUND_... */
+  uint8_t rootLength;       /**< 272: macros and demos: length of the searched folder's part of
+                                 `path` with its separator, its low 8 bits. Fonts: 0. */
+  uint32_t size;            /**< 273: size of the file in bytes. */
+} ZeFoundFile;
+ZEAPI_ASSERT_OFFSET(ZeFoundFile, path, 0);
+ZEAPI_ASSERT_OFFSET(ZeFoundFile, info, 260);
+ZEAPI_ASSERT_OFFSET(ZeFoundFile, next, 264);
+ZEAPI_ASSERT_OFFSET(ZeFoundFile, kind, 268);
+ZEAPI_ASSERT_OFFSET(ZeFoundFile, rootLength, 272);
+ZEAPI_ASSERT_OFFSET(ZeFoundFile, size, 273);
+ZEAPI_ASSERT_SIZE(ZeFoundFile, 277);
+
 #pragma pack(pop)
 
 /**
@@ -303,6 +343,13 @@ ZEAPI_ASSERT_SIZE(ZeFontInfo, 714);
  * @return ignored.
  */
 typedef uint32_t(ZEAPI_CALL* ZeModifyCallback)(char* line, uint32_t value);
+
+/**
+ * Called by ZeFonFind2() for each file that it looks at and for each font that it lists.
+ * @param font     null for a file; for a font its record, which is valid during the call only.
+ * @param percent  how many of the files are done.
+ */
+typedef void(ZEAPI_CALL* ZeFontProgress)(const ZeFontInfo* font, uint32_t percent);
 
 /** @name General */
 /** @{ */
@@ -383,6 +430,42 @@ ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeDatSendString(const char* text, const char* p
 /** @{ */
 
 /**
+ * Turns the metrics of one font file into another metrics format. The input is read whole before the
+ * output is created; an output that failed halfway stays as it is.
+ *
+ * | conversion | input | output | default name |
+ * |---|---|---|---|
+ * | 1 | AFM, with the INF beside it | Windows metrics for the PostScript device | .PFM |
+ * | 2 | the same | the same, and a second file for the PCL 5 device | .PFM and .PSM |
+ * | 3 | Windows metrics | AFM text, widths in Adobe's standard encoding or the font's codes | .AFM |
+ * | 4 | DLF font | Windows metrics for the "Velquist LaserPrinter" device | .PBM |
+ * | 5 | PCL soft font, with its characters | Windows metrics for the "PCL / HP LaserJet" device | .PFM |
+ * | 17 | the same | the same, with the font's stored name and symbol set | .PFM |
+ * | 6 | Intellifont metrics (TFM) | Windows metrics for the "PCL5 / HP LaserJet III" device | .PFM |
+ * | 16 | the same | the same, with the stored name of the PCL font in `fontFile` | .PFM |
+ *
+ * Conversions 5, 16 and 17 rewrite the diagnostic file `c:\apifonts.txt`. A DLF font without a name
+ * gives no file and ZE_OK.
+ * @param fontFile    at most ZE_MAX_NAME characters.
+ * @param outputFile  at most ZE_MAX_NAME characters; null or empty: the font file with the default
+ *                    extension. In conversions 1 and 2 a name without "." is a folder for a file of
+ *                    that name, and conversion 2 gives the name its two extensions.
+ * @param option1     conversions 6 and 16: what ZeFonQueryInfo() tells about the PCL font; its
+ *                    `printerMemory`, `symbolSet` and the path that `option2` names are read.
+ * @param option2     conversions 6 and 16: which path names the TFM file; 2 `companionFile`, 4
+ *                    `metricsFile`.
+ * @param conversion  ZeFontConversion.
+ * @return ZE_OK; ZE_INVALID_ARGUMENT (no font file, a name too long; then, for a file that exists, an
+ *         unknown conversion, or no record or path for 6 and 16); ZE_FILE_NOT_FOUND (the font file or
+ *         the INF); ZE_OPEN_FAILED (an input cannot be opened, the output cannot be created);
+ *         ZE_WRITE_FAILED (AFM); ZE_OUT_OF_MEMORY; ZE_BAD_FORMAT: the input is not what the
+ *         conversion wants, or is damaged; ZE_COPY_FAILED: Windows metrics could not be written whole.
+ */
+ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeFonConvert(const char* fontFile, const char* outputFile,
+                                              const ZeFontInfo* option1, uint32_t option2,
+                                              uint32_t conversion) ZEAPI_NOEXCEPT;
+
+/**
  * Looks at one font file and tells what it is. The kind is decided by the extension: the first
  * three characters after the last dot of the whole path, in any case. CFG, FF, TYP, TXT, ME, BAT,
  * CMD, COM and EXE are refused; an extension that is not of a known kind means a PCL soft font
@@ -406,6 +489,82 @@ ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeDatSendString(const char* text, const char* p
 ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeFonQueryInfo(const char* fontFile, ZeFontInfo* info,
                                                 uint32_t queryOption,
                                                 uint32_t includeMetricFiles) ZEAPI_NOEXCEPT;
+
+/**
+ * Sends a font file to a printer as a complete job, into working memory or a storage device. The
+ * font's format, as ZeFonQueryInfo() tells it, and the destination's language decide how:
+ * - PCL soft fonts (8, 9, 11, 13, 15, 17, 18, 20): the PCL command that gives the font its ID
+ *   (`resourceId`), the file as it is, the command that makes the font permanent. With the language
+ *   ZE_LANGUAGE_PCLXL the file has to begin with ESC ")s", at most 5 characters and "W".
+ * - DLF: the PPDS font ID command and the file as it is; with ZE_LANGUAGE_PCLXL the same check, which
+ *   such fonts do not pass.
+ * - Type 1 (PFA, PFB) with ZE_LANGUAGE_PPDS: the PPDS font ID command and the file in blocks of at
+ *   most 2048 bytes, each with `ppdsFontCode` and `ppdsFontSlot` in its header.
+ * - Type 1 with any other language: for PostScript, behind an exit-server header that needs a
+ *   printer whose password is 0. The binary segments of a PFB are sent as hexadecimal text; where a
+ *   segment is damaged the font ends, and the job ends as it should and reports success.
+ * - TrueType (TTF): nothing between the job's beginning and end; ZE_BAD_FORMAT.
+ *
+ * A bracket-K printer gets its language selection, a PJL printer its header and trailer, one that
+ * takes both gets both. A job that goes to a file is appended to it.
+ * @param destination  `fontQueryOption` is passed to ZeFonQueryInfo(); companion files that it asks
+ *        for may be missing.
+ * @param target  ZE_DEVICE_...; all but ZE_DEVICE_RAM are named to the printer before the font, and
+ *        working memory after it.
+ * @return ZE_OK; ZE_INVALID_ARGUMENT (also for a language outside 1..6, a target outside 1..5, or a
+ *         font without an extension); ZE_FILE_NOT_FOUND; ZE_OPEN_FAILED (font or printer, or a font
+ *         that fails the check of ZE_LANGUAGE_PCLXL; a font that vanishes between query and
+ *         download gives ZE_FILE_NOT_FOUND if it is PCL, DLF or goes to PPDS, else this);
+ *         ZE_READ_FAILED; ZE_WRITE_FAILED; ZE_OUT_OF_MEMORY; ZE_PRINTER_WRITE_FAILED (also for a
+ *         PPDS block that a file refuses, unless the job's end finds ZE_WRITE_FAILED); ZE_UNUSABLE;
+ *         ZE_BAD_FORMAT (also for a file that is not a downloadable font).
+ */
+ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeFonDownload(const char* fontFile, const char* printerName,
+                                               const ZeDestination* destination,
+                                               int32_t target) ZEAPI_NOEXCEPT;
+
+/**
+ * Lists the fonts of a folder, each with its record, the one found last first. Files whose names
+ * begin with "." are left out, and so is a font whose description another listed font has.
+ * A text file `GLUE.TXT` in the folder comes first when `typeFilter` is 10, 12, 14, 16, 17, 18, 20,
+ * 26 or 27: it names cartridges and PCL fonts with their symbol sets, metrics files and printer
+ * memory. A scalable PCL font (formats 17, 18, 20) finds its metrics in the file that GLUE.TXT
+ * names, or else beside it under the first three characters of its name and "0000S.TFM"; without
+ * them `queryOption` 2 leaves it out and 4 takes a PFM file of its name or leaves it out.
+ * @param directory   at most ZE_MAX_NAME characters.
+ * @param count       in: how many fonts are wanted at most, 0 for 32767; out: how many were listed.
+ * @param typeFilter  1 to 28. 10: formats 8, 9, 11, 13, 15, 17, 18, 20. 12: 11, 17. 14: 9, 13, 17.
+ *        16: as 10 without 11. 26: all. 27: as 16 with 25 and 28, but no Windows metrics for the
+ *        device "PostScript" and none with an SFS file of their name. Any other: that format.
+ * @param kindFilter  1 to 6: fonts of that kind; 5 and 6: of any.
+ * @param queryOption as of ZeFonQueryInfo(); a font whose query does not give ZE_OK is left out.
+ *        Metric files are included unless `kindFilter` is 3.
+ * @param recurse     not 0: folders within are searched too. Their fonts are not listed, but each
+ *        such search takes `count` for its limit, begins it anew and leaves it to the outer one.
+ * @return the list, for ZeFonFindFree(); null when it is empty or an argument is bad (`count` is
+ *         then left alone). Out of memory: what was listed so far.
+ */
+ZEAPI_EXPORT ZeFoundFile* ZEAPI_CALL ZeFonFind(const char* directory, uint16_t* count,
+                                               uint32_t typeFilter, uint32_t kindFilter,
+                                               uint32_t queryOption,
+                                               uint32_t recurse) ZEAPI_NOEXCEPT;
+
+/**
+ * Like ZeFonFind(), but first counts the files of the folder (with `recurse` also of those within)
+ * and then tells how far the search is.
+ * @param progress  may be null.
+ */
+ZEAPI_EXPORT ZeFoundFile* ZEAPI_CALL ZeFonFind2(const char* directory, uint16_t* count,
+                                                uint32_t typeFilter, uint32_t kindFilter,
+                                                uint32_t queryOption, uint32_t recurse,
+                                                ZeFontProgress progress) ZEAPI_NOEXCEPT;
+
+/**
+ * Releases a list that ZeFonFind(), ZeFonFind2(), ZeDemFind() or ZeMacFind() handed out: every node
+ * with its record, and the cartridge of a font's record.
+ * @param first  the list's first node, or null.
+ */
+ZEAPI_EXPORT void ZEAPI_CALL ZeFonFindFree(ZeFoundFile* first) ZEAPI_NOEXCEPT;
 /** @} */
 
 /** @name Files */

@@ -1,6 +1,9 @@
 #include "fonts/afm_reader.h"
 
 #include <algorithm>
+#include <functional>
+#include <map>
+#include <string>
 #include <string_view>
 
 #include "fonts/afm_glyph_names.h"
@@ -92,7 +95,7 @@ class AfmFile {
   // The items of a character line are separated by semicolons and come in any order.
   void ReadCharacter(int fontCode, std::string_view line) {
     AfmCharacter character = {true, 0, {}};
-    int windowsCode = -1;
+    std::string_view name;
     while (!line.empty()) {
       const std::size_t end = std::min(line.find(';'), line.size());
       std::string_view item = line.substr(0, end);
@@ -102,18 +105,28 @@ class AfmFile {
       if (key == "WX") {
         character.width = static_cast<std::int16_t>(WholeOf(item));
       } else if (key == "N") {
-        windowsCode = WindowsCodeOfGlyph(UpToWhiteSpace(item));
+        name = UpToWhiteSpace(item);
       } else if (key == "B") {
         ReadBox(item, character.box);
       }
     }
+    const int windowsCode = WindowsCodeOfGlyph(name);
     if (windowsCode >= 0) metrics_.byWindowsCode[windowsCode] = character;
-    if (fontCode >= 0 && fontCode < 256) metrics_.byFontCode[fontCode] = character;
+    if (fontCode < 0 || fontCode > 255) return;
+    metrics_.byFontCode[fontCode] = character;
+    if (!metrics_.standardEncoding) fontCodes_.emplace(name, fontCode);
+  }
+
+  // -1 for a glyph without a code.
+  int KernCodeOf(std::string_view name) const {
+    if (metrics_.standardEncoding) return WindowsCodeOfGlyph(name);
+    const auto found = fontCodes_.find(name);
+    return found != fontCodes_.end() ? found->second : -1;
   }
 
   Result ReadKernPair(std::string_view value) {
-    const int first = WindowsCodeOfGlyph(TakeWord(&value));
-    const int second = WindowsCodeOfGlyph(TakeWord(&value));
+    const int first = KernCodeOf(TakeWord(&value));
+    const int second = KernCodeOf(TakeWord(&value));
     if (first < 0 || second < 0 || metrics_.kernPairCount == kMostKernPairs) return ZE_OK;
     if (metrics_.kernPairCount == capacity_ && !Grow()) return ZE_OUT_OF_MEMORY;
     metrics_.kernPairs[metrics_.kernPairCount++] = {static_cast<std::uint8_t>(first),
@@ -137,6 +150,7 @@ class AfmFile {
   AfmMetrics& metrics_;
   Section section_ = Section::kHeader;
   std::uint32_t capacity_ = 0;
+  std::map<std::string, int, std::less<>> fontCodes_;  // of an encoding of the font's own
 };
 
 }  // namespace
@@ -147,6 +161,7 @@ AfmMetricsPtr NewAfmMetrics(const char* fontFile) {
   metrics->firstCharacter = 32;
   metrics->lastCharacter = 255;
   metrics->weight = 400;
+  metrics->standardEncoding = true;
   SetField(metrics->fontFile, fontFile);
   SetField(metrics->symbolSet, "9U");
   return metrics;

@@ -17,7 +17,7 @@ struct AfmCharacter {
 };
 
 struct AfmKernPair {
-  std::uint8_t first;  // Windows codes
+  std::uint8_t first;  // Windows codes, or the font's where it has an encoding of its own
   std::uint8_t second;
   std::int16_t amount;
 };
@@ -32,7 +32,7 @@ struct AfmMetrics {
   char fontName[80];
   char fullName[80];
   char symbolSet[6];
-  bool standardEncoding;
+  bool standardEncoding;  // also when the file names no encoding
   bool fixedPitch;
   int italicAngle;  // tenths of a degree
   int box[4];       // of the font: left, bottom, right, top

@@ -10,16 +10,11 @@
 namespace zeapi {
 namespace {
 
-XlResult HandleSession(XlReaderState* state) {
-  XlListOperator(state, XlOperatorName(kXlBeginSession));
-  for (;;) {
-    XlResult result = XlReadToOperator(state);
-    if (result != kXlOk) return result;
-    const std::uint8_t tag = state->currentTag;
-    if (!XlAllowedInSession(tag)) return kXlNotAllowed;
-    result = XlDispatch(tag, state);
-    if (result != kXlOk || tag == kXlEndSession) return result;
-  }
+XlResult HandleOperator(std::uint8_t tag, XlReaderState* state) {
+  if (tag == kXlEmbeddedData) return XlListEmbeddedData(4, state);
+  if (tag == kXlEmbeddedDataByte) return XlListEmbeddedData(1, state);
+  XlListOperator(state, XlOperatorName(tag));
+  return kXlOk;
 }
 
 // Why an operator may not stand in the page; 0 when it may.
@@ -47,7 +42,7 @@ XlResult WalkOperator(XlReaderState* state) {
   XlResult result = XlReadToOperator(state);
   if (result != kXlOk) return result;
   result = RefusalInPage(state->currentTag);
-  return result == kXlOk ? XlDispatch(state->currentTag, state) : result;
+  return result == kXlOk ? HandleOperator(state->currentTag, state) : result;
 }
 
 // Each operator is one extent of the input, from the first byte of its attributes (and of white
@@ -79,15 +74,24 @@ XlResult HandlePage(XlReaderState* state) {
   return result != kXlOk ? result : ended;
 }
 
+XlResult HandleSession(XlReaderState* state) {
+  XlListOperator(state, XlOperatorName(kXlBeginSession));
+  for (;;) {
+    XlResult result = XlReadToOperator(state);
+    if (result != kXlOk) return result;
+    const std::uint8_t tag = state->currentTag;
+    if (!XlAllowedInSession(tag)) return kXlNotAllowed;
+    result = tag == kXlBeginPage ? HandlePage(state) : HandleOperator(tag, state);
+    if (result != kXlOk || tag == kXlEndSession) return result;
+  }
+}
+
 }  // namespace
 
 XlResult XlDispatch(std::uint8_t tag, XlReaderState* state) {
-  if (tag == kXlEmbeddedData) return XlListEmbeddedData(4, state);
-  if (tag == kXlEmbeddedDataByte) return XlListEmbeddedData(1, state);
   if (tag == kXlBeginSession) return HandleSession(state);
   if (tag == kXlBeginPage) return HandlePage(state);
-  XlListOperator(state, XlOperatorName(tag));
-  return kXlOk;
+  return HandleOperator(tag, state);
 }
 
 void XlReportError(XlResult code, XlReaderState* state) {
