@@ -4,7 +4,7 @@ namespace tool {
 namespace {
 
 constexpr AddFamily kFamilies[] = {
-    AddInfo, AddSend, AddString, AddFont, AddResource, AddFile, AddJob, AddRecord,
+    AddInfo, AddSend, AddString, AddFont, AddPclXl, AddResource, AddFile, AddJob, AddRecord,
 };
 
 }  // namespace

@@ -30,6 +30,7 @@ constexpr Words kWords[] = {
     {ZE_UNSUPPORTED, "this is not supported"},
     {ZE_COPY_FAILED, "copying failed"},
     {ZE_NO_BACKUP_NAME, "all 998 backup names are taken"},
+    {ZE_FIXUP_FAILED, "the file is no PCL XL job that can be stored"},
 };
 
 }  // namespace
