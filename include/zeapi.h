@@ -100,6 +100,7 @@ enum ZeResult {
   ZE_BAD_CHECKSUM = 43,         /**< A file's checksum is not the one that it states. */
   ZE_UNKNOWN_TYPE = 44,      /**< A file of another type than asked; a printer without a number. */
   ZE_SECTION_NOT_FOUND = 45, /**< The file has no such section. */
+  ZE_FIXUP_FAILED = 46,      /**< Not a PCL XL job that can be stored as a stream. */
   ZE_DEFAULT_USED = 48       /**< A remark: nothing was found and the default was copied. */
 };
 
@@ -226,6 +227,28 @@ ZEAPI_ASSERT_OFFSET(ZeDestination, bidiHandle, 41);
 ZEAPI_ASSERT_OFFSET(ZeDestination, jobName, 43);
 ZEAPI_ASSERT_OFFSET(ZeDestination, channel, 47);
 ZEAPI_ASSERT_SIZE(ZeDestination, 48);
+
+/**
+ * How a file is stored or run as a macro; 40 bytes.
+ */
+typedef struct ZeMacroInfo {
+  uint32_t macroFlags; /**< 0: bit 0 PostScript file with ".demo"; bit 1 fix the file up; bit 2 PCL,
+                             call macro `chainId` first; bit 3 fix up with `fixupLimit` (sets bit 1
+                             of the caller's record). */
+  char macroName[24];  /**< 4: name of the macro, procedure, file or stream; at most 23 characters
+                             are used. */
+  uint16_t chainId;    /**< 28: PCL macro that is called first. */
+  int32_t macroDevice; /**< 30: ZE_DEVICE_... */
+  uint8_t reserved34[2]; /**< 34 */
+  uint32_t fixupLimit;   /**< 36: what the fixup removes; bits of the option mask. */
+} ZeMacroInfo;
+ZEAPI_ASSERT_OFFSET(ZeMacroInfo, macroFlags, 0);
+ZEAPI_ASSERT_OFFSET(ZeMacroInfo, macroName, 4);
+ZEAPI_ASSERT_OFFSET(ZeMacroInfo, chainId, 28);
+ZEAPI_ASSERT_OFFSET(ZeMacroInfo, macroDevice, 30);
+ZEAPI_ASSERT_OFFSET(ZeMacroInfo, reserved34, 34);
+ZEAPI_ASSERT_OFFSET(ZeMacroInfo, fixupLimit, 36);
+ZEAPI_ASSERT_SIZE(ZeMacroInfo, 40);
 
 /**
  * What ZeGenQueryApiInfo() answers: 64 words, 128 bytes. Word 0 is ZE_API_VERSION, word 1 the word

@@ -38,7 +38,8 @@ TEST(ResultWords, HasWordsOfItsOwnForEachCode) {
                                       ZE_BAD_CHECKSUM,
                                       ZE_UNKNOWN_TYPE,
                                       ZE_SECTION_NOT_FOUND,
-                                      ZE_DEFAULT_USED};
+                                      ZE_DEFAULT_USED,
+                                      ZE_FIXUP_FAILED};
   for (const std::uint32_t code : kCodes) {
     EXPECT_NE(ResultWords(code), ResultWords(999)) << code;
     EXPECT_TRUE(words.insert(ResultWords(code)).second) << code;

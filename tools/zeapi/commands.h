@@ -21,6 +21,7 @@ void AddData(CLI::App& program, Session& session);
 void AddUrl(CLI::App& program, Session& session);
 void AddJob(CLI::App& program, Session& session);
 void AddRecord(CLI::App& program, Session& session);
+void AddPclXl(CLI::App& program, Session& session);
 
 // Adds every family, in the order in which --help lists them.
 void AddCommands(CLI::App& program, Session& session);

@@ -38,6 +38,7 @@ constexpr Words kWords[] = {
     {ZE_UNKNOWN_TYPE, "the file or printer is of another type"},
     {ZE_SECTION_NOT_FOUND, "there is no such section"},
     {ZE_DEFAULT_USED, "nothing was found and the default was used"},
+    {ZE_FIXUP_FAILED, "the file is no PCL XL job that can be stored"},
 };
 
 }  // namespace
