@@ -11,6 +11,7 @@
 #include "support/input.h"
 #include "support/private_drives.h"
 #include "support/target.h"
+#include "support/text_reference.h"
 #include "zeapi.h"
 
 namespace zeapi::fuzz {
@@ -92,17 +93,16 @@ void CheckCounts(const Keys& all) {
   }
 }
 
-void CheckListing(std::string text) {
-  text = text.substr(0, std::min(text.find('\x1A'), std::size_t{4000}));
+void CheckListing(std::string_view bytes) {
+  std::string text = TextOf(bytes);
   text = text.substr(0, text.find('\n'));
-  if (text.ends_with('\r')) text.pop_back();
   text = text.c_str();
   const std::size_t mark = text.find("#!");
   std::uint16_t count = 0;
   ZeDatFileInfo* list = ZeDatQueryFiles("c:\\", ZE_DAT_CONFIGURATION_FILES, &count);
   const bool described = mark != text.npos && mark + 2 < text.size();
-  // A line that is longer than what was looked at here may have its mark behind it.
-  if (text.size() < 3900) {
+  // Of a longer line only the beginning is looked at.
+  if (text.size() <= 4096) {
     Check((list != nullptr) == described && count == (described ? 1 : 0),
           "a file with a description is listed");
     if (described) {
@@ -130,7 +130,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   CheckSearch(handle, all, key);
   Check(ZeDatCloseFile(handle) == ZE_DAT_OK, "a file can be closed");
   CheckCounts(all);
-  CheckListing(std::string(input.Rest()));
+  CheckListing(input.Rest());
   Check(descriptors == OpenDescriptors(), "every file is closed");
   return 0;
 }
