@@ -362,6 +362,34 @@ ZEAPI_ASSERT_OFFSET(ZeDemoInfo, slot, 32);
 ZEAPI_ASSERT_OFFSET(ZeDemoInfo, device, 33);
 ZEAPI_ASSERT_SIZE(ZeDemoInfo, 37);
 
+/** What a search was for, ZeFoundFile::kind. */
+enum ZeFoundKind {
+  ZE_FOUND_FONT = 1, /**< `info` is a ZeFontInfo. */
+  ZE_FOUND_DEMO = 2, /**< `info` is null. */
+  ZE_FOUND_MACRO = 3 /**< `info` is a ZeMacroInfo. */
+};
+
+/**
+ * A file that a search found; 277 bytes. The list runs from the file found last to the first one
+ * and belongs to the caller, who gives it back as a whole with ZeFonFindFree().
+ */
+typedef struct ZeFoundFile {
+  char path[260];           /**< 0: full path of the file. */
+  void* info;               /**< 260: the record that `kind` tells, or null. */
+  struct ZeFoundFile* next; /**< 264: the file found before this one, or null. */
+  uint32_t kind;            /**< 268: ZE_FOUND_... */
+  uint8_t rootLength;       /**< 272: macros and demos: length of the searched folder's part of
+                                 `path` with its separator, its low 8 bits. Fonts: 0. */
+  uint32_t size;            /**< 273: size of the file in bytes. */
+} ZeFoundFile;
+ZEAPI_ASSERT_OFFSET(ZeFoundFile, path, 0);
+ZEAPI_ASSERT_OFFSET(ZeFoundFile, info, 260);
+ZEAPI_ASSERT_OFFSET(ZeFoundFile, next, 264);
+ZEAPI_ASSERT_OFFSET(ZeFoundFile, kind, 268);
+ZEAPI_ASSERT_OFFSET(ZeFoundFile, rootLength, 272);
+ZEAPI_ASSERT_OFFSET(ZeFoundFile, size, 273);
+ZEAPI_ASSERT_SIZE(ZeFoundFile, 277);
+
 #pragma pack(pop)
 
 /**
@@ -372,6 +400,13 @@ ZEAPI_ASSERT_SIZE(ZeDemoInfo, 37);
  * @return ignored.
  */
 typedef uint32_t(ZEAPI_CALL* ZeModifyCallback)(char* line, uint32_t value);
+
+/**
+ * Called by ZeFonFind2() for each file that it looks at and for each font that it lists.
+ * @param font     null for a file; for a font its record, which is valid during the call only.
+ * @param percent  how many of the files are done.
+ */
+typedef void(ZEAPI_CALL* ZeFontProgress)(const ZeFontInfo* font, uint32_t percent);
 
 /** @name General */
 /** @{ */
@@ -475,6 +510,49 @@ ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeDatSendString(const char* text, const char* p
 ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeFonQueryInfo(const char* fontFile, ZeFontInfo* info,
                                                 uint32_t queryOption,
                                                 uint32_t includeMetricFiles) ZEAPI_NOEXCEPT;
+
+/**
+ * Lists the fonts of a folder, each with its record, the one found last first. Files whose names
+ * begin with "." are left out, and so is a font whose description another listed font has.
+ * A text file `GLUE.TXT` in the folder comes first when `typeFilter` is 10, 12, 14, 16, 17, 18, 20,
+ * 26 or 27: it names cartridges and PCL fonts with their symbol sets, metrics files and printer
+ * memory. A scalable PCL font (formats 17, 18, 20) finds its metrics in the file that GLUE.TXT
+ * names, or else beside it under the first three characters of its name and "0000S.TFM"; without
+ * them `queryOption` 2 leaves it out and 4 takes a PFM file of its name or leaves it out.
+ * @param directory   at most ZE_MAX_NAME characters.
+ * @param count       in: how many fonts are wanted at most, 0 for 32767; out: how many were listed.
+ * @param typeFilter  1 to 28. 10: formats 8, 9, 11, 13, 15, 17, 18, 20. 12: 11, 17. 14: 9, 13, 17.
+ *        16: as 10 without 11. 26: all. 27: as 16 with 25 and 28, but no Windows metrics for the
+ *        device "PostScript" and none with an SFS file of their name. Any other: that format.
+ * @param kindFilter  1 to 6: fonts of that kind; 5 and 6: of any.
+ * @param queryOption as of ZeFonQueryInfo(); a font whose query does not give ZE_OK is left out.
+ *        Metric files are included unless `kindFilter` is 3.
+ * @param recurse     not 0: folders within are searched too. Their fonts are not listed, but each
+ *        such search takes `count` for its limit, begins it anew and leaves it to the outer one.
+ * @return the list, for ZeFonFindFree(); null when it is empty or an argument is bad (`count` is
+ *         then left alone). Out of memory: what was listed so far.
+ */
+ZEAPI_EXPORT ZeFoundFile* ZEAPI_CALL ZeFonFind(const char* directory, uint16_t* count,
+                                               uint32_t typeFilter, uint32_t kindFilter,
+                                               uint32_t queryOption,
+                                               uint32_t recurse) ZEAPI_NOEXCEPT;
+
+/**
+ * Like ZeFonFind(), but first counts the files of the folder (with `recurse` also of those within)
+ * and then tells how far the search is.
+ * @param progress  may be null.
+ */
+ZEAPI_EXPORT ZeFoundFile* ZEAPI_CALL ZeFonFind2(const char* directory, uint16_t* count,
+                                                uint32_t typeFilter, uint32_t kindFilter,
+                                                uint32_t queryOption, uint32_t recurse,
+                                                ZeFontProgress progress) ZEAPI_NOEXCEPT;
+
+/**
+ * Releases a list that ZeFonFind(), ZeFonFind2(), ZeDemFind() or ZeMacFind() handed out: every node
+ * with its record, and the cartridge of a font's record.
+ * @param first  the list's first node, or null.
+ */
+ZEAPI_EXPORT void ZEAPI_CALL ZeFonFindFree(ZeFoundFile* first) ZEAPI_NOEXCEPT;
 /** @} */
 
 /** @name Macros and overlays */
@@ -491,8 +569,8 @@ ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeFonQueryInfo(const char* fontFile, ZeFontInfo
  * @return ZE_OK; ZE_INVALID_ARGUMENT; ZE_FILE_NOT_FOUND; ZE_BAD_FORMAT (the extension is that of a
  *         system file: BAT, CMD, COM, DLL, DRV, EXE, HLP, INI, SYS, by its first three characters);
  *         ZE_OPEN_FAILED (file, printer or work file); ZE_READ_FAILED; ZE_WRITE_FAILED;
- *         ZE_OUT_OF_MEMORY; ZE_PRINTER_WRITE_FAILED; ZE_UNUSABLE; ZE_MACRO_TOO_LARGE; 46 when a
- *         PCL XL file cannot be fixed up. After a failed payload no stop command follows.
+ *         ZE_OUT_OF_MEMORY; ZE_PRINTER_WRITE_FAILED; ZE_UNUSABLE; ZE_MACRO_TOO_LARGE;
+ *         ZE_FIXUP_FAILED (a PCL XL file that cannot be fixed up). After a failed payload no stop command follows.
  */
 ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeMacCreate(const char* macroFile, const char* printerName,
                                              const ZeDestination* destination,
@@ -537,7 +615,7 @@ ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeMacDelete(const char* printerName,
  * Checks on the host whether a file may be stored as a macro.
  *
  * PCL XL: without ZE_MACRO_FIX_UP the file has to be a stored-stream file; none is recognised, so
- * the result is 46 or, for a file shorter than its header of 17 bytes, ZE_READ_FAILED. With it the
+ * the result is ZE_FIXUP_FAILED or, for a file shorter than its header of 17 bytes, ZE_READ_FAILED. With it the
  * fixed-up stream is written to `fixup.str` in the current directory.
  *
  * Any other language: the PCL fixup of the file is written to `fixup.mac` in the current directory,
@@ -555,11 +633,24 @@ ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeMacDelete(const char* printerName,
  * @return ZE_OK: it may be stored; ZE_INVALID_ARGUMENT (null, name too long); ZE_FILE_NOT_FOUND;
  *         ZE_BAD_FORMAT (system file, or it may not be stored); ZE_OPEN_FAILED (also of the work
  *         file, and for that file itself); ZE_CLOSE_FAILED; ZE_READ_FAILED; ZE_WRITE_FAILED;
- *         ZE_OUT_OF_MEMORY; 46.
+ *         ZE_OUT_OF_MEMORY; ZE_FIXUP_FAILED.
  */
 ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeMacValidate(const char* macroFile,
                                                const ZeDestination* destination,
                                                ZeMacroInfo* macro) ZEAPI_NOEXCEPT;
+
+/**
+ * Lists the files of a folder that may be stored as macros of a language, like ZeDemFind(): those
+ * for which ZeMacValidate() gives ZE_OK. Each node has the 40-byte record of that call, a
+ * ZeMacroInfo. PCL XL finds nothing, as validation recognises none; other languages are checked
+ * with no ZE_FIXUP_... option in force. The work file `fixup.mac` is written for each file and is
+ * itself never listed.
+ * @param kind   ZE_LANGUAGE_DEFAULT to ZE_LANGUAGE_PCLXL.
+ * @param value  handed to the validation, which does not use it.
+ * @return as ZeDemFind().
+ */
+ZEAPI_EXPORT ZeFoundFile* ZEAPI_CALL ZeMacFind(const char* directory, int16_t* count, uint32_t kind,
+                                               uint32_t value, uint32_t recurse) ZEAPI_NOEXCEPT;
 /** @} */
 
 /** @name Demos */
@@ -577,6 +668,20 @@ ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeMacValidate(const char* macroFile,
 ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeDemDownload(const char* demoFile, const char* printerName,
                                                ZeDestination* destination,
                                                const ZeDemoInfo* demo) ZEAPI_NOEXCEPT;
+
+/**
+ * Lists the files of a folder that may be demos: all but system files (see ZeMacCreate()) and those
+ * whose names begin with ".". The one found last comes first. They are not opened.
+ * @param directory  at most ZE_MAX_NAME characters.
+ * @param count      in: how many are wanted at most, 0 for 32767; out: how many were found.
+ * @param value      not used.
+ * @param recurse    not 0: folders within are searched too. What they hold is not listed, but each
+ *        such search takes `count` for its limit, begins it anew and leaves it to the outer one.
+ * @return the list, for ZeFonFindFree(); null when it is empty, an argument is bad (`count` is then
+ *         left alone) or memory ran out.
+ */
+ZEAPI_EXPORT ZeFoundFile* ZEAPI_CALL ZeDemFind(const char* directory, int16_t* count,
+                                               uint32_t value, uint32_t recurse) ZEAPI_NOEXCEPT;
 /** @} */
 
 /** @name Files */

@@ -1,6 +1,7 @@
 #include "api/guard.h"
 #include "base/text.h"
 #include "download/demo.h"
+#include "download/find_resources.h"
 #include "zeapi.h"
 
 using namespace zeapi;
@@ -20,5 +21,13 @@ uint32_t ZEAPI_CALL ZeDemDownload(const char* demoFile, const char* printerName,
       return ZE_INVALID_ARGUMENT;
     }
     return DownloadDemo(demoFile, printerName, destination, *demo);
+  });
+}
+
+ZeFoundFile* ZEAPI_CALL ZeDemFind(const char* directory, int16_t* count, uint32_t /*value*/,
+                                  uint32_t recurse) noexcept {
+  return Guarded(nullptr, [&]() -> ZeFoundFile* {
+    if (directory == nullptr || count == nullptr || NameTooLong(directory)) return nullptr;
+    return FindDemos(directory, recurse != 0, count).release();
   });
 }

@@ -1,4 +1,7 @@
 #include "api/guard.h"
+#include "base/text.h"
+#include "files/found_files.h"
+#include "fonts/font_search.h"
 #include "fonts/query_info.h"
 #include "zeapi.h"
 
@@ -11,3 +14,23 @@ uint32_t ZEAPI_CALL ZeFonQueryInfo(const char* fontFile, ZeFontInfo* info, uint3
     return FonQueryInfo(fontFile, info, queryOption, includeMetricFiles != 0);
   });
 }
+
+ZeFoundFile* ZEAPI_CALL ZeFonFind(const char* directory, uint16_t* count, uint32_t typeFilter,
+                                  uint32_t kindFilter, uint32_t queryOption,
+                                  uint32_t recurse) noexcept {
+  return ZeFonFind2(directory, count, typeFilter, kindFilter, queryOption, recurse, nullptr);
+}
+
+ZeFoundFile* ZEAPI_CALL ZeFonFind2(const char* directory, uint16_t* count, uint32_t typeFilter,
+                                   uint32_t kindFilter, uint32_t queryOption, uint32_t recurse,
+                                   ZeFontProgress progress) noexcept {
+  return Guarded(nullptr, [&]() -> ZeFoundFile* {
+    FontSearch search = {{typeFilter, kindFilter}, queryOption, recurse != 0, progress};
+    if (directory == nullptr || NameTooLong(directory)) return nullptr;
+    if (count == nullptr || !search.filter.IsValid()) return nullptr;
+    if (progress != nullptr) search.filesTotal = CountFiles(directory, search.recurse);
+    return FindFonts(directory, &search, count).release();
+  });
+}
+
+void ZEAPI_CALL ZeFonFindFree(ZeFoundFile* first) noexcept { FreeFoundFiles(first); }

@@ -1,5 +1,6 @@
 #include "api/guard.h"
 #include "base/text.h"
+#include "download/find_resources.h"
 #include "download/macro.h"
 #include "zeapi.h"
 
@@ -86,5 +87,14 @@ uint32_t ZEAPI_CALL ZeMacValidate(const char* macroFile, const ZeDestination* de
       return ZE_INVALID_ARGUMENT;
     }
     return ValidateMacro(macroFile, *destination, macro);
+  });
+}
+
+ZeFoundFile* ZEAPI_CALL ZeMacFind(const char* directory, int16_t* count, uint32_t kind,
+                                  uint32_t value, uint32_t recurse) noexcept {
+  return Guarded(nullptr, [&]() -> ZeFoundFile* {
+    if (directory == nullptr || count == nullptr || NameTooLong(directory)) return nullptr;
+    if (kind < ZE_LANGUAGE_DEFAULT || kind > ZE_LANGUAGE_PCLXL) return nullptr;
+    return FindMacros(directory, kind, value, recurse != 0, count).release();
   });
 }
