@@ -13,8 +13,7 @@ std::size_t PclRun(ByteSpan ahead) {
   return PlainRun(
       ahead,
       [](std::uint8_t a, std::uint8_t b) {
-        return static_cast<std::uint8_t>((a == kEscape) | (a == kFormFeed) |
-                                         ((a == '@') & (b == 'P')));
+        return static_cast<bool>((a == kEscape) | (a == kFormFeed) | ((a == '@') & (b == 'P')));
       },
       [](std::uint8_t a) { return a == kEscape || a == kFormFeed || a == '@'; });
 }

@@ -12,8 +12,8 @@ std::size_t PostScriptRun(ByteSpan ahead) {
   return PlainRun(
       ahead,
       [](std::uint8_t a, std::uint8_t b) {
-        return static_cast<std::uint8_t>((a == kEndOfJob) | (a == kEscape) |
-                                         ((a == '%') & (b == '!')) | ((a == '@') & (b == 'P')));
+        return static_cast<bool>((a == kEndOfJob) | (a == kEscape) | ((a == '%') & (b == '!')) |
+                                 ((a == '@') & (b == 'P')));
       },
       [](std::uint8_t a) { return a == kEndOfJob || a == kEscape || a == '%' || a == '@'; });
 }
