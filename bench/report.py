@@ -21,6 +21,12 @@ ROWS = [
      lambda ratio, rate: ratio <= 4),
     ("MacroFixup/image_ps", "macro fixup of PostScript images", "scan for ESC", "4.00 or less",
      lambda ratio, rate: ratio <= 4),
+    ("FontFindAndRead", "10,000 fonts listed", "reading the files", "3.00 or less",
+     lambda ratio, rate: ratio <= 3),
+    ("FontFindAndScan", "Type 1 fonts listed", "`fc-scan`", "0.10 or less",
+     lambda ratio, rate: ratio <= 0.1),
+    ("FontFindTwice", "20,000 fonts listed", "10,000 fonts listed", "2.50 or less",
+     lambda ratio, rate: ratio <= 2.5),
 ]
 
 

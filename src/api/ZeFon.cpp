@@ -1,17 +1,40 @@
 #include "api/guard.h"
 #include "base/text.h"
+#include "download/font.h"
 #include "files/found_files.h"
+#include "fonts/convert.h"
 #include "fonts/font_search.h"
 #include "fonts/query_info.h"
 #include "zeapi.h"
 
 using namespace zeapi;
 
+uint32_t ZEAPI_CALL ZeFonConvert(const char* fontFile, const char* outputFile,
+                                 const ZeFontInfo* option1, uint32_t option2,
+                                 uint32_t conversion) noexcept {
+  return Guarded([&] { return FonConvert(fontFile, outputFile, option1, option2, conversion); });
+}
+
 uint32_t ZEAPI_CALL ZeFonQueryInfo(const char* fontFile, ZeFontInfo* info, uint32_t queryOption,
                                    uint32_t includeMetricFiles) noexcept {
   return Guarded([&]() -> Result {
     if (info == nullptr) return ZE_INVALID_ARGUMENT;
     return FonQueryInfo(fontFile, info, queryOption, includeMetricFiles != 0);
+  });
+}
+
+uint32_t ZEAPI_CALL ZeFonDownload(const char* fontFile, const char* printerName,
+                                  const ZeDestination* destination, int32_t target) noexcept {
+  return Guarded([&]() -> Result {
+    if (fontFile == nullptr || printerName == nullptr || destination == nullptr) {
+      return ZE_INVALID_ARGUMENT;
+    }
+    if (NameTooLong(fontFile) || NameTooLong(printerName)) return ZE_INVALID_ARGUMENT;
+    if (destination->language < ZE_LANGUAGE_DEFAULT || destination->language > ZE_LANGUAGE_PCLXL) {
+      return ZE_INVALID_ARGUMENT;
+    }
+    if (target < ZE_DEVICE_RAM || target > ZE_DEVICE_DISK2) return ZE_INVALID_ARGUMENT;
+    return DownloadFont(fontFile, printerName, *destination, target);
   });
 }
 

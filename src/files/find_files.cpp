@@ -13,7 +13,7 @@ constexpr std::uint32_t kPlainDirectory = 16;
 
 // A folder within: callers depend on "/" not ending the part that is kept.
 std::string FolderWithin(const FolderListing& listing) {
-  const std::string_view root = std::string_view(listing.path()).substr(0, listing.rootLength());
+  const std::string_view root = std::string_view(listing.path()).substr(0, listing.RootLength());
   const std::size_t backslash = root.rfind('\\');
   if (backslash == std::string_view::npos) return listing.path();
   return std::string(root.substr(0, backslash + 1)) + listing.entry().name;
@@ -21,6 +21,7 @@ std::string FolderWithin(const FolderListing& listing) {
 
 }  // namespace
 
+// NOLINTNEXTLINE(misc-no-recursion): the length of a path bounds the depth
 FoundFiles FindFiles(const char* folder, std::uint32_t kind, bool recurse, const FileCheck& check,
                      std::int16_t* count) {
   const std::int16_t limit = *count > 0 ? *count : kMostFoundFiles;
@@ -39,7 +40,7 @@ FoundFiles FindFiles(const char* folder, std::uint32_t kind, bool recurse, const
     if (!FitsFoundFile(path) || !check(path.c_str(), &record)) continue;
     ZeFoundFile* file = AddFoundFile(path, kind, record, &found);
     if (file == nullptr) return nullptr;
-    file->rootLength = static_cast<std::uint8_t>(listing.rootLength());
+    file->rootLength = static_cast<std::uint8_t>(listing.RootLength());
     file->size = listing.entry().size;
     if (++*count >= limit) break;
   }

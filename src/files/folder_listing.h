@@ -25,7 +25,7 @@ class FolderListing {
   bool IsLink() const;  // to a folder: searches that go down leave it out
 
   // Length of the part of each path that is the folder with its separator.
-  std::size_t rootLength() const { return rootLength_; }
+  std::size_t RootLength() const { return rootLength_; }
 
  private:
   std::string path_;

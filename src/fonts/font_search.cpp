@@ -42,6 +42,7 @@ class FolderSearch {
   FolderSearch(const char* folder, FontSearch* search, std::uint16_t* count)
       : folder_(folder), search_(search), count_(count) {}
 
+  // NOLINTNEXTLINE(misc-no-recursion): the length of a path bounds the depth
   FoundFiles Run() {
     limit_ = *count_ == 0 ? std::uint16_t{kMostFoundFiles} : *count_;
     *count_ = 0;
@@ -81,6 +82,7 @@ bool FolderSearch::ReadGlue() {
   return true;
 }
 
+// NOLINTNEXTLINE(misc-no-recursion): the length of a path bounds the depth
 bool FolderSearch::ReadFolder() {
   FolderListing listing(folder_);
   while (listing.Next()) {
@@ -169,6 +171,7 @@ FoundFiles FindFonts(const char* folder, FontSearch* search, std::uint16_t* coun
   return FolderSearch(folder, search, count).Run();
 }
 
+// NOLINTNEXTLINE(misc-no-recursion): the length of a path bounds the depth
 std::uint32_t CountFiles(const char* folder, bool recurse) {
   std::uint32_t count = 0;
   FolderListing listing(folder);

@@ -471,6 +471,19 @@ TEST_F(FontSearchTest, BitmapsHaveNoMetrics) {
   EXPECT_STREQ(Font().metricsFile, "");
 }
 
+// Companions are found whatever the case of their names, and of several the first.
+TEST_F(FontSearchTest, CompanionsAreFoundInAnyCase) {
+  Write("Four.afm", "FontName Four\nEndFontMetrics\n");
+  Write("fOUR.pFb", "no name");
+  Write("abcdef.sfp", Scalable());
+  Write("Abc0000s.tfm", "x");
+  ASSERT_EQ(Find(2), Names{"Four.afm"});
+  EXPECT_STREQ(Font().companionFile, "fonts\\Four.PFB");
+  count = 0;
+  ASSERT_EQ(Find(18, kAnyKind, 2), Names{"abcdef.sfp"});
+  EXPECT_STREQ(Font().metricsFile, "fonts\\abc0000S.TFM");
+}
+
 // --- GLUE.TXT
 
 TEST_F(FontSearchTest, GlueTellsSymbolSetMemoryAndMetrics) {

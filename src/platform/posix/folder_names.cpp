@@ -20,13 +20,23 @@ struct CloseFolder {
   void operator()(DIR* folder) const { closedir(folder); }
 };
 
-bool Before(const std::string& a, const char* b) { return strcasecmp(a.c_str(), b) < 0; }
+struct Name {
+  std::string text;
+  std::size_t place;  // in the order of the folder
+};
+
+bool TextBefore(const Name& a, const char* b) { return strcasecmp(a.text.c_str(), b) < 0; }
+
+bool Before(const Name& a, const Name& b) {
+  const int order = strcasecmp(a.text.c_str(), b.text.c_str());
+  return order != 0 ? order < 0 : a.place < b.place;
+}
 
 }  // namespace
 
 struct FolderNames::State {
-  std::string folder;              // host path, ends in "/"
-  std::vector<std::string> names;  // by their text without case, then in the order of the folder
+  std::string folder;       // host path, ends in "/"
+  std::vector<Name> names;  // by their text without case, then by their place
   State* outer = nullptr;
 };
 
@@ -44,11 +54,9 @@ FolderNames::FolderNames(const char* folder) : state_(std::make_unique<State>())
     if (state_->folder.back() != '/') state_->folder += '/';
     const std::unique_ptr<DIR, CloseFolder> open(opendir(host.text));
     while (const dirent* entry = open == nullptr ? nullptr : readdir(open.get())) {
-      state_->names.emplace_back(entry->d_name);
+      state_->names.push_back({entry->d_name, state_->names.size()});
     }
-    std::stable_sort(
-        state_->names.begin(), state_->names.end(),
-        [](const std::string& a, const std::string& b) { return Before(a, b.c_str()); });
+    std::sort(state_->names.begin(), state_->names.end(), Before);
   }
   innermost = state_.get();
 }
@@ -61,9 +69,9 @@ KeptName MatchKeptName(const char* folder, std::size_t folderLength, char* name)
   }
   const auto& names = innermost->names;
   const auto match =
-      std::lower_bound(names.begin(), names.end(), static_cast<const char*>(name), Before);
-  if (match == names.end() || strcasecmp(match->c_str(), name) != 0) return KeptName::kMissing;
-  std::memcpy(name, match->data(), match->size());
+      std::lower_bound(names.begin(), names.end(), static_cast<const char*>(name), TextBefore);
+  if (match == names.end() || strcasecmp(match->text.c_str(), name) != 0) return KeptName::kMissing;
+  std::memcpy(name, match->text.data(), match->text.size());
   return KeptName::kMatched;
 }
 
