@@ -27,6 +27,10 @@ ROWS = [
      lambda ratio, rate: ratio <= 0.1),
     ("FontFindTwice", "20,000 fonts listed", "10,000 fonts listed", "2.50 or less",
      lambda ratio, rate: ratio <= 2.5),
+    ("StreamFixup/image", "PCL XL fixup of a page of images", "copying through as many files",
+     "1.50 or less", lambda ratio, rate: ratio <= 1.5),
+    ("StreamFixup/drawing", "PCL XL fixup of a page of lines", "copying through as many files",
+     "1.50 or less", lambda ratio, rate: ratio <= 1.5),
 ]
 
 

@@ -68,10 +68,8 @@ class ByteReader {
 // Where a writer's blocks go.
 class BlockSink {
  public:
+  virtual ~BlockSink() = default;
   virtual void Take(std::span<const std::uint8_t> block) = 0;
-
- protected:
-  ~BlockSink() = default;
 };
 
 // The output queue as a sink. A failed write shows in the context's `error`.

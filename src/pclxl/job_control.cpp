@@ -1,7 +1,7 @@
 #include "pclxl/job_control.h"
 
-#include <algorithm>
 #include <array>
+#include <cstring>
 #include <string_view>
 
 namespace zeapi {
@@ -61,12 +61,20 @@ bool TakePjlLine(filter::ByteReader* reader) {
   return true;
 }
 
+// How many bytes stand before the first that is `byte`; all, when none is.
+std::size_t CountBefore(std::uint8_t byte, std::span<const std::uint8_t> bytes) {
+  if (bytes.empty()) return 0;
+  const void* const found = std::memchr(bytes.data(), byte, bytes.size());
+  if (found == nullptr) return bytes.size();
+  return static_cast<std::size_t>(static_cast<const std::uint8_t*>(found) - bytes.data());
+}
+
 // Copies what is at hand up to the next byte that may begin job control.
 void CopyPlainBytes(filter::ByteReader* reader, filter::ByteWriter* writer) {
   const std::span<const std::uint8_t> bytes = reader->AtHand();
-  const auto stop = std::find_if(bytes.begin(), bytes.end(),
-                                 [](std::uint8_t byte) { return byte == kEscape || byte == '@'; });
-  const auto plain = bytes.first(static_cast<std::size_t>(stop - bytes.begin()));
+  std::size_t count = CountBefore('@', bytes);
+  count = CountBefore(kEscape, bytes.first(count));
+  const auto plain = bytes.first(count);
   writer->Write(plain);
   reader->Skip(plain.size());
 }

@@ -11,7 +11,7 @@ constexpr std::size_t kMostRead = 499;
 constexpr std::size_t kAfterName = 2;  // the identifier of the attribute
 
 // The array's tag, 0xC8, as a signed character. No byte from 0 to 255 equals it.
-constexpr int kSignedArrayTag = static_cast<signed char>(kXlUbyteArray);
+constexpr int kSignedArrayTag = int{kXlUbyteArray} - 256;
 
 }  // namespace
 

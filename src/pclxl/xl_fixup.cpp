@@ -53,8 +53,12 @@ XlResult WalkStream(XlReaderState* state, SessionOpening* opening) {
 
 XlResult XlFixupStream(std::string_view streamName, bool execute) {
   if (streamName.size() > kXlLongestName) return kXlFile;
-  std::unique_ptr<XlReaderState> state(new (std::nothrow) XlReaderState(nullptr));
-  if (state == nullptr) return kXlOk;
+  std::unique_ptr<XlReaderState> state;
+  try {
+    state = std::make_unique<XlReaderState>(nullptr);
+  } catch (const std::bad_alloc&) {
+    return kXlOk;
+  }
 
   Stream in(platform::OpenStream(kXlInputFile, "rb"));
   Stream out(platform::OpenStream(kXlOutputFile, "wb"));

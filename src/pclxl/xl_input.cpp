@@ -17,7 +17,7 @@ bool XlInput::Refill() {
   return fill_ != 0;
 }
 
-std::size_t XlInput::Read(std::span<std::uint8_t> bytes) {
+std::size_t XlInput::ReadPieces(std::span<std::uint8_t> bytes) {
   std::size_t read = 0;
   while (read < bytes.size() && (next_ < fill_ || Refill())) {
     const std::size_t count = std::min(bytes.size() - read, fill_ - next_);
@@ -28,11 +28,7 @@ std::size_t XlInput::Read(std::span<std::uint8_t> bytes) {
   return read;
 }
 
-bool XlInput::SetPosition(std::uint64_t position) {
-  if (position >= base_ && position - base_ <= fill_) {
-    next_ = static_cast<std::size_t>(position - base_);
-    return true;
-  }
+bool XlInput::Seek(std::uint64_t position) {
   // No file that streams can be positioned in is that long.
   if (failed_ || position > LONG_MAX) return false;
   if (std::fseek(file_, static_cast<long>(position), SEEK_SET) != 0) {

@@ -2,6 +2,7 @@
 // back to.
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -24,7 +25,12 @@ class XlInput {
   }
 
   // Reads until `bytes` is full; returns how many there were.
-  std::size_t Read(std::span<std::uint8_t> bytes);
+  std::size_t Read(std::span<std::uint8_t> bytes) {
+    if (bytes.size() > fill_ - next_) return ReadPieces(bytes);
+    std::copy_n(buffer_.begin() + static_cast<std::ptrdiff_t>(next_), bytes.size(), bytes.begin());
+    next_ += bytes.size();
+    return bytes.size();
+  }
 
   // Gives back the byte that Read() returned last. Once.
   void PushBack() { --next_; }
@@ -33,7 +39,11 @@ class XlInput {
   std::uint64_t Position() const { return base_ + next_; }
 
   // Goes there, also beyond the end. False when the file cannot be positioned there.
-  bool SetPosition(std::uint64_t position);
+  bool SetPosition(std::uint64_t position) {
+    if (position < base_ || position - base_ > fill_) return Seek(position);
+    next_ = static_cast<std::size_t>(position - base_);
+    return true;
+  }
 
   // Passes over bytes; false when there are fewer.
   bool Skip(std::uint64_t count);
@@ -43,6 +53,8 @@ class XlInput {
 
  private:
   bool Refill();
+  std::size_t ReadPieces(std::span<std::uint8_t> bytes);
+  bool Seek(std::uint64_t position);
 
   std::FILE* file_;
   std::uint64_t base_ = 0;  // position of the buffer's first byte

@@ -12,10 +12,8 @@ namespace zeapi {
 // Where the listing goes.
 class XlListingSink {
  public:
+  virtual ~XlListingSink() = default;
   virtual void Text(std::string_view text) = 0;
-
- protected:
-  ~XlListingSink() = default;
 };
 
 // Does nothing without a sink.

@@ -1,7 +1,5 @@
 #include "pclxl/xl_operators.h"
 
-#include <array>
-
 namespace zeapi {
 namespace {
 
@@ -132,22 +130,18 @@ constexpr std::array<Tag, 256> MakeTags() {
 
 constexpr std::array<Tag, 256> kTags = MakeTags();
 
+constexpr std::array<XlClass, 256> MakeClasses() {
+  std::array<XlClass, 256> classes{};
+  for (std::size_t code = 0; code < classes.size(); ++code) classes[code] = kTags[code].kind;
+  return classes;
+}
+
 }  // namespace
 
-XlClass XlClassOf(std::uint8_t byte) { return kTags[byte].kind; }
+constexpr std::array<XlClass, 256> kXlClasses = MakeClasses();
+
 const char* XlOperatorName(std::uint8_t code) { return kTags[code].name; }
 bool XlAllowedInSession(std::uint8_t tag) { return (kTags[tag].places & kSession) != 0; }
 bool XlAllowedInPage(std::uint8_t tag) { return (kTags[tag].places & kPage) != 0; }
-
-unsigned XlElementCount(std::uint8_t type) {
-  const unsigned shape = type >> 4;
-  return shape == 0xD ? 2 : shape == 0xE ? 4 : 1;
-}
-
-// ubyte, uint16, uint32, sint16, sint32, real32
-unsigned XlElementWidth(std::uint8_t type) {
-  constexpr std::array<unsigned, 8> kWidths = {1, 2, 4, 2, 4, 4, 0, 0};
-  return kWidths[type & 7U];
-}
 
 }  // namespace zeapi

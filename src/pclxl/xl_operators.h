@@ -2,6 +2,7 @@
 // operators is data: names are those that the listing prints.
 #pragma once
 
+#include <array>
 #include <cstdint>
 
 namespace zeapi {
@@ -32,7 +33,9 @@ enum class XlClass : std::uint8_t {
   kEmbeddedData,
 };
 
-XlClass XlClassOf(std::uint8_t byte);
+extern const std::array<XlClass, 256> kXlClasses;
+
+inline XlClass XlClassOf(std::uint8_t byte) { return kXlClasses[byte]; }
 
 // The operator's name; null for any other byte.
 const char* XlOperatorName(std::uint8_t code);
@@ -41,8 +44,17 @@ const char* XlOperatorName(std::uint8_t code);
 bool XlAllowedInSession(std::uint8_t tag);
 bool XlAllowedInPage(std::uint8_t tag);
 
-// Shapes of a value: how many elements it has, and how many bytes one of them. Of data type tags.
-unsigned XlElementCount(std::uint8_t type);  // 1, 2 (xy), 4 (box)
-unsigned XlElementWidth(std::uint8_t type);
+// Shapes of a value: how many elements it has (1, an xy pair 2, a box 4), and how many bytes one of
+// them. Of data type tags.
+constexpr unsigned XlElementCount(std::uint8_t type) {
+  const unsigned shape = type >> 4U;
+  return shape == 0xD ? 2 : shape == 0xE ? 4 : 1;
+}
+
+// ubyte, uint16, uint32, sint16, sint32, real32
+constexpr unsigned XlElementWidth(std::uint8_t type) {
+  constexpr std::array<unsigned, 8> kWidths = {1, 2, 4, 2, 4, 4, 0, 0};
+  return kWidths[type & 7U];
+}
 
 }  // namespace zeapi

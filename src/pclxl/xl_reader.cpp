@@ -81,11 +81,11 @@ XlAttribute* CurrentEntry(XlReaderState* state) {
 }
 
 XlResult ReadValue(std::uint8_t type, XlReaderState* state) {
-  XlAttribute entry;
-  entry.type = type;
+  XlAttribute* const entry = CurrentEntry(state);
+  entry->Clear();
   const std::size_t size = std::size_t{XlElementCount(type)} * XlElementWidth(type);
-  if (state->input->Read(std::span(entry.value).first(size)) < size) return kXlEnd;
-  *CurrentEntry(state) = std::move(entry);
+  if (state->input->Read(std::span(entry->value).first(size)) < size) return kXlEnd;
+  entry->type = type;
   return kXlOk;
 }
 
@@ -124,7 +124,7 @@ XlResult ReadAttributeId(XlReaderState* state) {
   if (state->attributeCount == kXlMostAttributes) return kXlIllegalByte;
   CurrentEntry(state)->id = static_cast<std::uint32_t>(id);
   ++state->attributeCount;
-  *CurrentEntry(state) = XlAttribute();
+  CurrentEntry(state)->Clear();
   return kXlOk;
 }
 
@@ -181,7 +181,7 @@ XlResult XlReadToOperator(XlReaderState* state) {
 // What is left is one entry, of type ubyte with value 0: an identifier without a value names that.
 void XlReleaseAttributes(XlReaderState* state) {
   for (std::int32_t i = state->attributeCount; i >= 0; --i)
-    state->attributes[static_cast<std::size_t>(i)] = XlAttribute();
+    state->attributes[static_cast<std::size_t>(i)].Clear();
   state->attributeCount = 0;
 }
 

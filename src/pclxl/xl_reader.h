@@ -21,12 +21,21 @@ class XlPageBody;
 inline constexpr std::int32_t kXlMostAttributes = 100;
 
 struct XlAttribute {
-  std::uint32_t type = 0xC0;                // data type tag that introduced the value
-  std::array<std::uint8_t, 16> value = {};  // of a single value, xy pair or box: its elements
-  CHeapPtr<std::uint8_t[]> elements;        // of an array: as in the stream, low byte first
-  std::uint32_t elementCount = 0;           // of an array
-  std::uint32_t id = 0;                     // identifier
-  const char* lengthType = nullptr;         // of an array: how its count was written
+  std::uint32_t type = 0xC0;             // data type tag that introduced the value
+  std::array<std::uint8_t, 16> value{};  // of a single value, xy pair or box: its elements
+  CHeapPtr<std::uint8_t[]> elements;     // of an array: as in the stream, low byte first
+  std::uint32_t elementCount = 0;        // of an array
+  std::uint32_t id = 0;                  // identifier
+  const char* lengthType = nullptr;      // of an array: how its count was written
+
+  // Becomes a ubyte of 0 without an identifier.
+  void Clear() {
+    type = 0xC0;
+    value = {};
+    elements.reset();
+    elementCount = 0;
+    id = 0;
+  }
 };
 
 struct XlReaderState {

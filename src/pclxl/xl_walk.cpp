@@ -10,16 +10,11 @@
 namespace zeapi {
 namespace {
 
-XlResult HandleSession(XlReaderState* state) {
-  XlListOperator(state, XlOperatorName(kXlBeginSession));
-  for (;;) {
-    XlResult result = XlReadToOperator(state);
-    if (result != kXlOk) return result;
-    const std::uint8_t tag = state->currentTag;
-    if (!XlAllowedInSession(tag)) return kXlNotAllowed;
-    result = XlDispatch(tag, state);
-    if (result != kXlOk || tag == kXlEndSession) return result;
-  }
+XlResult HandleOperator(std::uint8_t tag, XlReaderState* state) {
+  if (tag == kXlEmbeddedData) return XlListEmbeddedData(4, state);
+  if (tag == kXlEmbeddedDataByte) return XlListEmbeddedData(1, state);
+  XlListOperator(state, XlOperatorName(tag));
+  return kXlOk;
 }
 
 // Why an operator may not stand in the page; 0 when it may.
@@ -29,20 +24,41 @@ XlResult RefusalInPage(std::uint8_t tag) {
   return XlAllowedInPage(tag) ? kXlOk : kXlNotAllowed;
 }
 
+// Extents follow each other without a gap, so small ones are handed on together.
+constexpr std::uint64_t kHandedOn = 512;
+
+// Hands what the input holds from `begin` to `end` to the page body and goes back to where the
+// input was.
+XlResult Gather(std::uint64_t begin, std::uint64_t end, XlReaderState* state) {
+  if (state->pageBody == nullptr || begin == end) return kXlOk;
+  const std::uint64_t position = state->input->Position();
+  if (!state->input->SetPosition(end)) return kXlFile;
+  const XlResult result = state->pageBody->Append(begin, state->input);
+  if (result != kXlOk) return result;
+  return state->input->SetPosition(position) ? kXlOk : kXlFile;
+}
+
+XlResult WalkOperator(XlReaderState* state) {
+  XlResult result = XlReadToOperator(state);
+  if (result != kXlOk) return result;
+  result = RefusalInPage(state->currentTag);
+  return result == kXlOk ? HandleOperator(state->currentTag, state) : result;
+}
+
 // Each operator is one extent of the input, from the first byte of its attributes (and of white
 // space before them) to its own, and so is each block of embedded data. EndPage belongs to no body.
 XlResult WalkPage(XlReaderState* state) {
+  std::uint64_t begin = state->input->Position();
   for (;;) {
-    const std::uint64_t begin = state->input->Position();
-    XlResult result = XlReadToOperator(state);
-    if (result != kXlOk) return result;
-    const std::uint8_t tag = state->currentTag;
-    result = RefusalInPage(tag);
-    if (result == kXlOk) result = XlDispatch(tag, state);
-    if (result != kXlOk || tag == kXlEndPage) return result;
-    if (state->pageBody == nullptr) continue;
-    result = state->pageBody->Append(begin, state->input);
-    if (result != kXlOk) return result;
+    const std::uint64_t end = state->input->Position();
+    const XlResult walked = WalkOperator(state);
+    const bool ended = walked != kXlOk || state->currentTag == kXlEndPage;
+    const std::uint64_t now = state->input->Position();
+    if (!ended && now - begin < kHandedOn) continue;
+    const XlResult gathered = Gather(begin, ended ? end : now, state);
+    if (walked != kXlOk || gathered != kXlOk) return walked != kXlOk ? walked : gathered;
+    if (ended) return kXlOk;
+    begin = now;
   }
 }
 
@@ -58,15 +74,24 @@ XlResult HandlePage(XlReaderState* state) {
   return result != kXlOk ? result : ended;
 }
 
+XlResult HandleSession(XlReaderState* state) {
+  XlListOperator(state, XlOperatorName(kXlBeginSession));
+  for (;;) {
+    XlResult result = XlReadToOperator(state);
+    if (result != kXlOk) return result;
+    const std::uint8_t tag = state->currentTag;
+    if (!XlAllowedInSession(tag)) return kXlNotAllowed;
+    result = tag == kXlBeginPage ? HandlePage(state) : HandleOperator(tag, state);
+    if (result != kXlOk || tag == kXlEndSession) return result;
+  }
+}
+
 }  // namespace
 
 XlResult XlDispatch(std::uint8_t tag, XlReaderState* state) {
-  if (tag == kXlEmbeddedData) return XlListEmbeddedData(4, state);
-  if (tag == kXlEmbeddedDataByte) return XlListEmbeddedData(1, state);
   if (tag == kXlBeginSession) return HandleSession(state);
   if (tag == kXlBeginPage) return HandlePage(state);
-  XlListOperator(state, XlOperatorName(tag));
-  return kXlOk;
+  return HandleOperator(tag, state);
 }
 
 void XlReportError(XlResult code, XlReaderState* state) {

@@ -66,7 +66,7 @@ TEST_F(FilterReaderTest, EmptyFileIsAtItsEndWithTheFirstRead) {
 }
 
 TEST_F(FilterReaderTest, ReadsFilesOfEverySizeAroundTheBlock) {
-  for (const std::size_t size : {1, 1023, 1024, 1025, 2048, 5000}) {
+  for (const std::size_t size : {1U, 1023U, 1024U, 1025U, 2048U, 5000U}) {
     OpenOn(Pattern(size));
     EXPECT_BYTES(Rest(), Pattern(size)) << size;
     EXPECT_FALSE(reader.Failed());
@@ -197,8 +197,8 @@ TEST_F(FilterWriterTest, FullBlockLeavesNoEmptyRest) {
 }
 
 TEST_F(FilterWriterTest, ManyBytesAtOnceMakeTheSameBlocks) {
-  for (const std::size_t first : {0, 1, 500, 1023, 1024}) {
-    for (const std::size_t more : {0, 1, 524, 1023, 1024, 1025, 3000}) {
+  for (const std::size_t first : {0U, 1U, 500U, 1023U, 1024U}) {
+    for (const std::size_t more : {0U, 1U, 524U, 1023U, 1024U, 1025U, 3000U}) {
       MemorySink blocks;
       filter::ByteWriter other;
       ASSERT_EQ(other.Open(&blocks), ZE_OK);

@@ -91,7 +91,7 @@ TEST_F(StoredStreamTest, LengthsOfZeroAndTheLongest) {
 }
 
 TEST_F(StoredStreamTest, BodiesAroundTheBlocksAreWhole) {
-  for (const std::size_t size : {1, 1023, 1024, 1025, 2048, 70000}) {
+  for (const std::size_t size : {1U, 1023U, 1024U, 1025U, 2048U, 70000U}) {
     std::string body;
     for (std::size_t i = 0; i < size; ++i) body += static_cast<char>(i % 251);
     ASSERT_EQ(Write("N", "s", body, false), kXlOk);

@@ -17,26 +17,6 @@ namespace fs = std::filesystem;
 
 constexpr char kUel[] = "\x1B%-12345X";
 
-// What a job of one page becomes.
-std::string Stored(const std::string& name, const std::string& body, bool execute,
-                   const std::string& opening = SessionOpening()) {
-  const std::string data = std::string(kHeader) + body;
-  const auto size = static_cast<std::uint32_t>(data.size());
-  std::string stored = std::string(kHeader) + Attribute(Hex({0xD1, 0x58, 2, 0x58, 2}), 0x89) +
-                       Attribute(Ubyte(0), 0x86) + Attribute(Ubyte(3), 0x8F) + Hex({0x41}) +
-                       Attribute(Ubyte(0), 0x88) + Attribute(Ubyte(1), 0x82) + Hex({0x48}) +
-                       Attribute(UbyteArray(opening), 0x81) + Hex({0x47}) +
-                       Attribute(UbyteArray(name), 0x8B) + Hex({0x5B}) +
-                       Attribute(Hex({0xC2}) + Le32(size), 0x8C) + Hex({0x5C}) + Data(data) +
-                       Hex({0x5D});
-  if (execute) {
-    stored += Attribute(Ubyte(0), 0x28) + Attribute(Ubyte(0), 0x25) + Attribute(Ubyte(1), 0x26) +
-              Hex({0x43}) + Attribute(UbyteArray(name), 0x8B) + Hex({0x5E}) +
-              Attribute(Uint16(1), 0x31) + Hex({0x44});
-  }
-  return stored + Hex({0x49, 0x42});
-}
-
 // "in.str" to "out.str".
 class XlFixupTest : public ScratchTest {
  protected:
@@ -93,7 +73,7 @@ TEST_F(XlFixupTest, SessionWithoutAPageIsRefusedWhateverAnEarlierRunLeft) {
 }
 
 TEST_F(XlFixupTest, SessionOpeningOf52BytesIsKeptAndALongerOneRefused) {
-  for (const std::size_t size : {1, 51, 52, 53, 100, 5000}) {
+  for (const std::size_t size : {1U, 51U, 52U, 53U, 100U, 5000U}) {
     std::string opening(size - 1, ' ');
     opening += Hex({0x41});
     const std::string stream = std::string(kHeader) + opening + Page(Body()) + Hex({0x42});

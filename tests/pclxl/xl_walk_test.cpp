@@ -137,7 +137,8 @@ TEST_F(XlWalkTest, EmptyPageHasAnEmptyBody) {
 }
 
 TEST_F(XlWalkTest, BodiesOfAllSizesAroundTheBlocksAreWhole) {
-  for (const std::size_t size : {1017, 1018, 1019, 1020, 1021, 2041, 2043, 4096, 10000, 100000}) {
+  for (const std::size_t size :
+       {1017U, 1018U, 1019U, 1020U, 1021U, 2041U, 2043U, 4096U, 10000U, 100000U}) {
     std::string data;
     for (std::size_t i = 0; i < size; ++i) data += static_cast<char>(i % 253);
     const std::string body = Body() + Data(data) + Body() + Data(data) + Hex({0x60});

@@ -51,6 +51,25 @@ std::string Body() {
          Attribute(Hex({0xD1}) + Le16(30) + Le16(40), 0x45) + Hex({0x9B}) + Hex({0x86});
 }
 
+std::string Stored(const std::string& name, const std::string& body, bool execute,
+                   const std::string& opening) {
+  const std::string data = std::string(kHeader) + body;
+  const auto size = static_cast<std::uint32_t>(data.size());
+  std::string stored = std::string(kHeader) + Attribute(Hex({0xD1, 0x58, 2, 0x58, 2}), 0x89) +
+                       Attribute(Ubyte(0), 0x86) + Attribute(Ubyte(3), 0x8F) + Hex({0x41}) +
+                       Attribute(Ubyte(0), 0x88) + Attribute(Ubyte(1), 0x82) + Hex({0x48}) +
+                       Attribute(UbyteArray(opening), 0x81) + Hex({0x47}) +
+                       Attribute(UbyteArray(name), 0x8B) + Hex({0x5B}) +
+                       Attribute(Hex({0xC2}) + Le32(size), 0x8C) + Hex({0x5C}) + Data(data) +
+                       Hex({0x5D});
+  if (execute) {
+    stored += Attribute(Ubyte(0), 0x28) + Attribute(Ubyte(0), 0x25) + Attribute(Ubyte(1), 0x26) +
+              Hex({0x43}) + Attribute(UbyteArray(name), 0x8B) + Hex({0x5E}) +
+              Attribute(Uint16(1), 0x31) + Hex({0x44});
+  }
+  return stored + Hex({0x49, 0x42});
+}
+
 }  // namespace zeapi::testing::xl
 
 namespace zeapi::testing {

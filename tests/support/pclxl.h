@@ -37,6 +37,10 @@ std::string Page(std::string_view body);
 // A line: two operators with attributes.
 std::string Body();
 
+// The stored stream that a page with this body becomes.
+std::string Stored(const std::string& name, const std::string& body, bool execute,
+                   const std::string& opening = SessionOpening());
+
 }  // namespace zeapi::testing::xl
 
 namespace zeapi::testing {

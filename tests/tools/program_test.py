@@ -55,6 +55,23 @@ class ProgramTest(unittest.TestCase):
 class Smoke(ProgramTest):
     """What is tried on every host."""
 
+    def test_pclxl_list_shows_operators_and_why_a_job_cannot_be_stored(self):
+        page = b"\xc0\x02\xf8\x25\x43\x85\x44"
+        header = b") HP-PCL XL;1;1;\n\x41"
+        path = os.path.join(self.folder, "page.xl")
+        for pages, code, end in ((1, 0, "\n    &EndSession;\n5 operators"),
+                                 (2, 46, "ERROR. (code = 51, op = 0x43, pos = 5)\n\n")):
+            with open(path, "wb") as file:
+                file.write(UEL + header + page * pages + b"\x42" + UEL)
+            done = self.run_program("pclxl", "list", "page.xl", exit_code=code)
+            self.assertIn('\n    &Ubyte("eA4Paper"); &MediaSize;\n    &BeginPage;\n', done.stdout)
+            self.assertIn(end, done.stdout)
+            answer = json.loads(self.run_program("pclxl", "list", "page.xl", "--json",
+                                                 exit_code=code).stdout)
+            self.assertEqual(answer["code"], 0 if code == 0 else 51)
+            self.assertEqual(answer["operators"], 5)
+        self.run_program("pclxl", "list", "none.xl", exit_code=2)
+
     def test_info_answers_in_json(self):
         info = self.answer("info")
         self.assertEqual(info["version"], 930)
