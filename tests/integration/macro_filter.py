@@ -22,11 +22,12 @@ OPTIONAL = {
 TOKEN = re.compile(
     rb"(?P<uel>\x1b%-12345X)"
     rb"|(?P<pjl>@PJL[^\n]*\n?)"
-    rb"|(?P<block>\x1b\[K(..))"
+    rb"|(?P<block>\x1b\[K(?P<length>..))"
     rb"|(?P<reset>\x1bE)"
     rb"|(?P<feed>\x0c)"
     rb"|(?P<enter>\x1b%[-+.\d]*B)"
-    rb"|(?P<sequence>\x1b(&[labfpr]|\([fs]|\)s|\*[bc])((?:[-+.\d]*[^-+.\d])*?[-+.\d]*[^-+.\d`-~]))",
+    rb"|(?P<sequence>\x1b(?P<prefix>&[labfpr]|\([fs]|\)s|\*[bc])"
+    rb"(?P<groups>(?:[-+.\d]*[`-~])*[-+.\d]*[^-+.\d`-~]))",
     re.DOTALL,
 )
 LEAVE = re.compile(rb"\x1b%[-+.\d]*A|(?P<reset>\x1bE)")
@@ -73,9 +74,8 @@ def fixed_up(job, options=DEFAULT):
     while match := TOKEN.search(job, at):
         out.append(job[at:match.start()])
         at = match.end()
-        kind = match.lastgroup
         if match.group("block"):
-            at += match.group(4)[0] + 256 * match.group(4)[1]
+            at += int.from_bytes(match.group("length"), "little")
         elif match.group("reset"):
             out.append(b"" if options & 1 else match.group())
         elif match.group("feed"):
@@ -88,11 +88,9 @@ def fixed_up(job, options=DEFAULT):
             if end and not (end.group("reset") and options & 1):
                 out.append(end.group())
         elif match.group("sequence"):
-            left, count = sequence(match.group(8), match.group(9), options)
+            left, count = sequence(match.group("prefix"), match.group("groups"), options)
             out += [left, job[at:at + count]]
             at += count
-        else:
-            assert kind in ("uel", "pjl")
     return b"".join(out) + job[at:]
 
 
