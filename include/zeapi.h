@@ -18,7 +18,7 @@
  * - **Paths** are Windows paths on every host: `\` and `/` separate, case is ignored, `X:` is a
  *   drive. On other hosts `x:\` stands for the folder `$ZEAPI_DRIVES/x/`; without that variable
  *   no drive exists.
- * - **Records** are packed to one byte. Offsets are given for 4-byte pointers.
+ * - **Records** are packed to one byte, but for those of ZeParseOptionInfo() and ZeJobAccount. Offsets are given for 4-byte pointers.
  * - **Memory** that a call hands out belongs to the caller, who gives it back with the release call
  *   named there. The library keeps no pointer to caller memory after a call has returned.
  * - **Threads.** The library takes no locks and shares some state between calls; a process makes
@@ -983,10 +983,10 @@ ZEAPI_EXPORT char* ZEAPI_CALL ZeStrCpyPath(char* destination, const char* path) 
  * of a name and a length in bytes such as `ID:1,DT:1`, which declare the headers of every element (ID,
  * DT), of containers (DT 0: NE children, LD bytes) and of data (DT 1 integer, 2 text: LD, DA);
  * then the tree of elements. A number of 1 byte is signed, of 2 or 4 bytes unsigned; other lengths count
- * as 0. Elements that are not known are skipped. A record ends where it is cut or breaks its own
- * rules, and what was read so far is the result: a key with a name that is not known, a length
- * beyond the record, more children than bytes, a text longer than its field (it is cut to fit). Each
- * step is logged.
+ * as 0. Elements that are not known are skipped. A key ends at a
+ * name that is not known. A text longer than its field is cut to fit. A record ends where it is cut
+ * or breaks its own rules (a length beyond the record, more children than bytes), and what was read
+ * so far is the result. Each step is logged.
  */
 /** @{ */
 

@@ -84,8 +84,7 @@ Result ConvertPfm(const Conversion& conversion) {
   input.reset();
   std::FILE* output = platform::OpenStream(OutputName(conversion, "AFM").c_str(), "w");
   if (output == nullptr) return ZE_OPEN_FAILED;
-  WriteAfm(metrics, output);
-  const bool written = std::ferror(output) == 0;
+  const bool written = WriteAfm(metrics, output) && std::ferror(output) == 0;
   const bool closed = std::fclose(output) == 0;
   return written && closed ? ZE_OK : ZE_WRITE_FAILED;
 }

@@ -22,8 +22,8 @@ std::uint16_t SymbolSetValue(std::string_view code) {
   unsigned number = 0;
   const auto [end, error] = std::from_chars(code.data(), code.data() + code.size(), number);
   if (error != std::errc() || end + 1 != code.data() + code.size() || number > 2047) return 0;
-  return *end > '@' && *end <= 'Z' ? static_cast<std::uint16_t>(number * 32 + (*end - '@'))
-                                   : std::uint16_t{0};
+  if (*end <= '@' || *end > 'Z') return 0;
+  return static_cast<std::uint16_t>(number * 32 + static_cast<unsigned>(*end - '@'));
 }
 
 class IntellifontDescription {
@@ -127,23 +127,23 @@ class IntellifontDescription {
       if (rows_[code] != kNoRow) m.extents[code] = font_.escapements[rows_[code]];
     }
     if (m.extents[32] == 0) m.extents[32] = ToU16(font_.wordSpacing);
-    const int units = static_cast<int>(font_.unitsPerEm);
+    const int em = static_cast<int>(font_.unitsPerEm);
     ExtendedTextMetrics& e = m.extended;
-    e.masterUnits = ToS16(units);
+    e.masterUnits = ToS16(em);
     SetDefaultSize(&m);
-    const auto dots = [units](int value) { return ToU16(DotsAtDefaultSize(value, units)); };
+    const auto dots = [em](int measure) { return ToU16(DotsAtDefaultSize(measure, em)); };
     const int descent = std::abs(font_.descent);
     m.ascent = dots(font_.ascent);
     m.pixelHeight = dots(font_.ascent + descent);
-    m.internalLeading = dots(std::max(0, font_.ascent + descent - units));
+    m.internalLeading = dots(std::max(0, font_.ascent + descent - em));
     e.capHeight = ToS16(font_.capHeight);
     e.xHeight = ToS16(font_.xHeight);
     e.lowerCaseAscent = ToS16(font_.lowerCaseAscent);
     e.lowerCaseDescent = ToS16(std::abs(font_.lowerCaseDescent));
     e.slant = ToS16(font_.slant / 10);
-    e.superScript = ToS16(-(units / 2));
-    e.subScript = ToS16(units / 4);
-    e.superScriptSize = e.subScriptSize = ToS16(units / 2);
+    e.superScript = ToS16(-(em / 2));
+    e.subScript = ToS16(em / 4);
+    e.superScriptSize = e.subScriptSize = ToS16(em / 2);
     e.underlineOffset = ToS16(std::abs(font_.underscoreDepth));
     e.underlineWidth = ToS16(font_.underscoreThickness);
     e.doubleUpperOffset = e.underlineOffset;

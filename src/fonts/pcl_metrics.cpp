@@ -108,12 +108,11 @@ class PclDescription {
         m.widths[static_cast<std::size_t>(code)] = ToU16(Dots(character->advance));
     }
     SetWidthSummary(m.widths, &m);
-    if (m.fixedPitch) {
-      m.pixelWidth = ToU16(Pitch());
+    SetPixelWidth(ToU16(Pitch()), &m);
+    if (!m.hasWidths) {
       m.averageWidth = m.pixelWidth;
       m.maximumWidth = m.pixelWidth;
     }
-    m.hasWidths = !m.fixedPitch;
 
     const int twips = descriptor_.height * 360 / m.verticalResolution;
     m.points = ToU16((twips + 10) / 20);
@@ -194,14 +193,14 @@ class PclDescription {
       if (character != nullptr)
         m.extents[static_cast<std::size_t>(code)] = ToU16(character->advance);
     }
-    const int units = characters_.masterUnits;
+    const int em = characters_.masterUnits;
     ExtendedTextMetrics& e = m.extended;
-    e.masterUnits = ToS16(units);
+    e.masterUnits = ToS16(em);
     SetDefaultSize(&m);
-    const auto dots = [units](int value) { return ToU16(DotsAtDefaultSize(value, units)); };
+    const auto dots = [em](int measure) { return ToU16(DotsAtDefaultSize(measure, em)); };
     m.ascent = dots(descriptor_.baseline);
     m.pixelHeight = dots(descriptor_.cellHeight);
-    m.internalLeading = dots(std::max(0, descriptor_.cellHeight - units));
+    m.internalLeading = dots(std::max(0, descriptor_.cellHeight - em));
     SetOrientation();
     e.capHeight = ToS16(descriptor_.capHeight);
     e.xHeight = ToS16(descriptor_.xHeight);
@@ -209,8 +208,8 @@ class PclDescription {
     e.lowerCaseDescent = ToS16(std::max(0, descriptor_.cellHeight - descriptor_.baseline));
     SetScripts();
     // Both bytes are 0 in scalable fonts; a tenth and a twentieth of the em are usual.
-    e.underlineOffset = ToS16(units / 10);
-    e.underlineWidth = ToS16(units / 20);
+    e.underlineOffset = ToS16(em / 10);
+    e.underlineWidth = ToS16(em / 20);
     SetDoubleUnderline();
     e.strikeOutOffset = ToS16(descriptor_.xHeight / 2);
     e.strikeOutWidth = e.underlineWidth;

@@ -4,8 +4,8 @@ namespace tool {
 namespace {
 
 constexpr AddFamily kFamilies[] = {
-    AddInfo,     AddSend, AddString, AddFont,  AddMacro,  AddDemo,
-    AddResource, AddFile, AddJob,    AddPclXl, AddRecord,
+    AddInfo,  AddSend,     AddString, AddFont, AddMacro,  AddDemo,
+    AddPclXl, AddResource, AddFile,   AddJob,  AddRecord,
 };
 
 }  // namespace
