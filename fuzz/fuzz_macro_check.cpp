@@ -31,13 +31,15 @@ using namespace zeapi::fuzz;
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   static const PrivateDrives drives("c");
+  const std::filesystem::path before = std::filesystem::current_path();
   std::filesystem::current_path(drives.Folder("c"));
   Input input(data, size);
   Numbers numbers(input.Line());
   ZeMacroInfo macro = {};
   macro.macroFlags = numbers.Below(2) == 0 ? 0 : ZE_MACRO_FIX_UP_LIMIT;
   macro.fixupLimit = numbers.Below(0x1000);
-  const std::uint32_t options = macro.macroFlags == 0 ? ZE_FIXUP_DEFAULT : macro.fixupLimit;
+  const std::uint32_t options =
+      macro.macroFlags == 0 ? std::uint32_t{ZE_FIXUP_DEFAULT} : macro.fixupLimit;
   WriteWhole("macro", input.Rest());
 
   ZeDestination destination = {};
@@ -53,6 +55,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     Check(CheckOf("copy", fixedUp + "text\x1B*b1W\x1B") == ZE_OK, "sequences may follow");
     Check(CheckOf("copy", fixedUp + "\x1B&f1X") == ZE_BAD_FORMAT, "the stop command is seen");
   }
-  std::filesystem::current_path("/");
+  std::filesystem::current_path(before);
   return 0;
 }

@@ -37,6 +37,7 @@ Result CreateMacro(const char* macroFile, const char* printerName, const ZeDesti
   ctx.fileMode = kReplaceFile;
   const Result opened = GenQueOpen(printerName, &ctx);
   if (opened != ZE_OK) return opened;
+  const QueueCloser closer(&ctx);
   const Result result = SendDefinition(payload, &ctx);
   GenQueClose(&ctx);
   return result != ZE_OK ? result : ctx.error;

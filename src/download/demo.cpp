@@ -161,6 +161,7 @@ Result DownloadDemo(const char* demoFile, const char* printerName, ZeDestination
   ctx.device = demo.device;
   const Result opened = GenQueOpen(printerName, &ctx);
   if (opened != ZE_OK) return opened;
+  const QueueCloser closer(&ctx);
   SetLanguage(demo.method, destination);
   return DemoDownload(demoFile, file.get(), demo, &ctx).Run();
 }

@@ -158,6 +158,7 @@ Result DownloadMacro(const char* macroFile, const char* printerName,
   ctx.device = macro->macroDevice;
   const Result opened = GenQueOpen(printerName, &ctx);
   if (opened != ZE_OK) return opened;
+  const QueueCloser closer(&ctx);
   return MacroDownload(payload, mode, wrap, &ctx).Run();
 }
 

@@ -2,6 +2,7 @@
 #include <cstring>
 
 #include "fault/fault_case.h"
+#include "support/pclxl.h"
 
 namespace zeapi::testing {
 namespace {
@@ -146,7 +147,7 @@ TEST_F(MacroFaultTest, SearchesListNothingButWhatIsThere) {
                                  : ZeDemFind("folder", &count, 0, 0);
       DisarmFault();
       for (const ZeFoundFile* file = list; file != nullptr; file = file->next) {
-        if (macros) EXPECT_STREQ(file->path, "folder\\good");
+        EXPECT_TRUE(!macros || std::strcmp(file->path, "folder\\good") == 0) << file->path;
       }
       ZeFonFindFree(list);
       EXPECT_EQ(OpenDescriptors(), before);
@@ -200,11 +201,35 @@ TEST_F(MacroFaultTest, BuffersThatCannotBeHadGiveOutOfMemory) {
       });
 }
 
-TEST_F(MacroFaultTest, ReadOnlyFolderGivesOpenFailed) {
+// The source, the work file that cannot be made, and the work file that cannot be read again.
+TEST_F(MacroFaultTest, EachFileThatDoesNotOpenGivesOpenFailed) {
   WriteFile("macro", "text");
+  int failures = 0;
   FailEach(
-      "fopen", [] {}, [&] { return ZeMacValidate("macro", &destination, &macro); },
-      [](std::uint32_t result) { EXPECT_TRUE(result == ZE_OPEN_FAILED || result == ZE_OK); });
+      "open", [] {}, [&] { return ZeMacValidate("macro", &destination, &macro); },
+      [&](std::uint32_t result) {
+        EXPECT_TRUE(result == ZE_OPEN_FAILED || result == ZE_OK);
+        if (result == ZE_OPEN_FAILED) ++failures;
+      });
+  EXPECT_EQ(failures, 3);
+}
+
+TEST_F(MacroFaultTest, MemoryThatRunsOutInTheMiddleOfAJobLeavesNoFileOpen) {
+  destination.flags = 0;
+  demo.method = ZE_DEMO_BRACKET_D;
+  WriteFile("demo", "AB");
+  FailEachInTurn({[] {}, [&] { return ZeDemDownload("demo", kOutput, &destination, &demo); },
+                  kFileJobCodes, [&] { EXPECT_BYTES(Job().substr(Job().size() - 2), "AB"); }});
+  destination.language = ZE_LANGUAGE_PCLXL;
+  const std::string page = xl::Session(xl::Page(xl::Body()));
+  WriteFile("page", page);
+  std::set<std::uint32_t> codes = kFileJobCodes;
+  codes.insert(ZE_FIXUP_FAILED);
+  FailEachInTurn({[] {
+                    for (const char* file : {"in.str", "temp.str", "out.str"}) fs::remove(file);
+                  },
+                  [&] { return ZeMacCreate("page", kOutput, &destination, &macro); }, codes,
+                  [] {}});
 }
 
 }  // namespace
