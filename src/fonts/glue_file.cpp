@@ -14,7 +14,7 @@ namespace zeapi {
 namespace {
 
 constexpr std::size_t kLongestLine = 99;
-constexpr std::size_t kLargestFile = 4 << 20;
+constexpr std::size_t kLargestFile = 256 << 10;
 constexpr std::int64_t kMedium = 130;  // weight of a font that names none
 
 std::string ReadText(const char* path) {
