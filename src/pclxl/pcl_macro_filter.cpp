@@ -146,8 +146,9 @@ class PclMacroFilter {
         if (letter < FilterStream::kLookAhead) return stream_.Keep(letter);
         return Rebuild(list);
       }
-      const Verdict verdict = list.Judge(ahead[letter], ValueOf(ahead.subspan(at, letter - at)));
-      if (verdict == Verdict::kKeepWithData) AddData(ahead.subspan(at, letter - at), &data);
+      const std::int64_t value = ValueOf(ahead.subspan(at, letter - at));
+      const Verdict verdict = list.Judge(ahead[letter], value);
+      if (verdict == Verdict::kKeepWithData) AddCount(value, &data);
       whole &= verdict != Verdict::kDrop;
       at = letter + 1;
       if (!LetterContinues(ahead[letter])) break;
@@ -172,10 +173,10 @@ class PclMacroFilter {
         sequence.EndBeforeEscape(letter);
         break;
       }
-      const ByteSpan value = ahead.first(letter);
+      const std::int64_t value = ValueOf(ahead.first(letter));
       const bool last = !LetterContinues(ahead[letter]);
-      const Verdict verdict = list.Judge(ahead[letter], ValueOf(value));
-      if (verdict == Verdict::kKeepWithData) AddData(value, &data);
+      const Verdict verdict = list.Judge(ahead[letter], value);
+      if (verdict == Verdict::kKeepWithData) AddCount(value, &data);
       if (verdict == Verdict::kDrop) {
         sequence.DropGroup(letter + 1, last);
       } else {
@@ -184,11 +185,6 @@ class PclMacroFilter {
       if (last) break;
     }
     stream_.KeepData(data);
-  }
-
-  static void AddData(ByteSpan value, std::uint64_t* data) {
-    const std::int64_t count = ValueOf(value);
-    if (count > 0) *data += static_cast<std::uint64_t>(count);
   }
 
   FilterStream& stream_;

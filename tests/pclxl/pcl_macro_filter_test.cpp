@@ -377,6 +377,8 @@ TEST_F(PclFilterTest, DataCutOffStaysAsItStands) {
                    "E"),
                "\x1B*b100W\x1B"
                "E");
+  EXPECT_BYTES(Pcl("\x1B*b9223372036854775807v9223372036854775807v2W\x0C"),
+               "\x1B*b9223372036854775807v9223372036854775807v2W\x0C");
   EXPECT_BYTES(Pcl("\x1B*b99999999999999999999W\x0C"), "\x1B*b99999999999999999999W\x0C");
 }
 
