@@ -181,7 +181,7 @@ class Fixup {
       Drop(static_cast<std::size_t>(count));
     } else {
       Drop(1);
-      Keep(At(end - 1) == 0x1B ? end - 1 : end);
+      Keep(end);
     }
   }
 
@@ -210,11 +210,6 @@ class Fixup {
         return;
       }
       const char letter = At(end);
-      if (letter == 0x1B) {
-        Write(prefix, groups, end > 0 || groups.empty(), false);
-        Keep(end);
-        return KeepData(data);
-      }
       const long long value = Number(in_.substr(at_, end));
       const Fate fate = FateOf(entries, letter, value);
       if (fate == Fate::kData && value > 0) data = std::min(data + value, kLarge);

@@ -130,7 +130,7 @@ class PclMacroFilter {
       return;
     }
     stream_.Drop(1);
-    stream_.Keep(ahead[at] == kEscape ? at - 1 : at);
+    stream_.Keep(at);
   }
 
   // The usual sequence lies before us whole and keeps all its groups: it is passed on in one piece
@@ -154,8 +154,7 @@ class PclMacroFilter {
       if (!LetterContinues(ahead[letter])) break;
     }
     if (!whole) return Rebuild(list);
-    // An escape is no letter: it begins the next sequence.
-    stream_.Keep(ahead[at - 1] == kEscape ? at - 1 : at);
+    stream_.Keep(at);
     stream_.KeepData(data);
   }
 
@@ -169,10 +168,6 @@ class PclMacroFilter {
       const std::size_t letter = EndOfValue(ahead, 0);
       // The file ends, or the value is longer than any: what is left is plain text.
       if (letter == ahead.size()) return sequence.BreakOff();
-      if (ahead[letter] == kEscape) {
-        sequence.EndBeforeEscape(letter);
-        break;
-      }
       const std::int64_t value = ValueOf(ahead.first(letter));
       const bool last = !LetterContinues(ahead[letter]);
       const Verdict verdict = list.Judge(ahead[letter], value);
