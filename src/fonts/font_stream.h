@@ -1,4 +1,4 @@
-// Bytes of a font file.
+// Font files as streams, and their bytes.
 #pragma once
 
 #include <cstdint>

@@ -13,7 +13,6 @@
 namespace zeapi {
 namespace {
 
-constexpr std::size_t kLongestFace = 31;  // of Windows
 constexpr std::uint8_t kEightBitType = 1;
 constexpr char kWindowsSymbolSet[] = "9U";
 
@@ -34,7 +33,7 @@ class IntellifontDescription {
 
   bool Describe() {
     rows_.fill(kNoRow);
-    symbolSet_ = font_.hasSymbolSet ? target_.symbolSet : kWindowsSymbolSet;
+    symbolSet_ = target_.symbolSet.empty() ? kWindowsSymbolSet : target_.symbolSet;
     const WindowsSymbolSet windows = WindowsSymbolSetOf(SymbolSetValue(symbolSet_), kEightBitType);
     if (font_.hasSymbolSet) {
       FindRowsBySymbolSet(windows.translationClass);
@@ -44,7 +43,7 @@ class IntellifontDescription {
     if (!SetRange()) return false;
     metrics_.characterSet = windows.characterSet;
     metrics_.translationClass = windows.translationClass;
-    SetNames();
+    SetNames(windows.faceSuffix);
     SetMeasures();
     SetKerning();
     return true;
@@ -63,16 +62,18 @@ class IntellifontDescription {
   void FindRowsBySymbol() {
     const CharacterNumbers numbers =
         font_.hasUnicode ? CharacterNumbers::kUnicode : CharacterNumbers::kMasterSymbolList;
+    std::vector<std::uint16_t> rowOf(0x10000, kNoRow);
+    // From the last row to the first: of rows with the same symbol the first counts.
+    for (std::size_t row = font_.symbols.size(); row-- != 0;)
+      rowOf[font_.symbols[row]] = static_cast<std::uint16_t>(row);
     for (unsigned code = 0; code < 256; ++code) {
       const int number = NumberOfCharacter(numbers, static_cast<std::uint8_t>(code));
-      const auto found = std::find(font_.symbols.begin(), font_.symbols.end(), number);
-      if (found != font_.symbols.end())
-        SetRow(code, static_cast<std::size_t>(found - font_.symbols.begin()));
+      if (number >= 0) SetRow(code, rowOf[static_cast<std::uint16_t>(number)]);
     }
   }
 
-  void SetRow(unsigned code, std::size_t row) {
-    if (row < font_.escapements.size()) rows_[code] = static_cast<std::uint16_t>(row);
+  void SetRow(unsigned code, std::uint16_t row) {
+    if (row < font_.escapements.size()) rows_[code] = row;
   }
 
   bool SetRange() {
@@ -88,13 +89,13 @@ class IntellifontDescription {
     return true;
   }
 
-  void SetNames() {
+  void SetNames(std::string_view suffix) {
     metrics_.copyright = kMetricsNotice;
     metrics_.device = kPcl5Device;
     const bool isNamed =
         font_.vendor.empty() || font_.typeface.find(font_.vendor) != std::string::npos;
     metrics_.face =
-        (isNamed ? font_.typeface : font_.vendor + " " + font_.typeface).substr(0, kLongestFace);
+        WindowsFace(isNamed ? font_.typeface : font_.vendor + " " + font_.typeface, suffix);
     metrics_.italic = font_.posture != 0 || font_.slant != 0;
     metrics_.weight = WindowsWeight(static_cast<std::int8_t>(font_.strokeWeight));
     metrics_.fixedPitch = font_.fixedPitch;

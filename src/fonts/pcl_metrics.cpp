@@ -13,7 +13,6 @@
 namespace zeapi {
 namespace {
 
-constexpr std::size_t kLongestFace = 31;         // of Windows
 constexpr std::uint32_t kPrinterOverhead = 320;  // bytes of printer memory beside the font's own
 
 // Quarter-dots into dots, rounded.
@@ -72,7 +71,7 @@ class PclDescription {
     return true;
   }
 
-  // The face with the symbol set in parentheses, in as much as Windows takes.
+  // The face with the symbol set in parentheses.
   void SetNames() {
     char face[64];
     metrics_.family = TypefaceFace(descriptor_.TypefaceNumber(), face, sizeof(face));
@@ -82,7 +81,7 @@ class PclDescription {
     const std::string text =
         suffix.empty() ? "(" + std::string(SymbolSetCode(descriptor_.symbolSet).text) + ")"
                        : std::string(suffix);
-    metrics_.face = name.substr(0, kLongestFace - 1 - text.size()) + " " + text;
+    metrics_.face = WindowsFace(name, text);
 
     metrics_.copyright = kMetricsNotice;
     metrics_.device = "PCL / HP LaserJet";

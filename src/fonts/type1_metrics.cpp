@@ -6,6 +6,7 @@
 #include "fonts/metrics_notice.h"
 #include "fonts/scalable_selection.h"
 #include "fonts/typeface_table.h"
+#include "fonts/windows_metrics_codes.h"
 
 namespace zeapi {
 namespace {
@@ -124,7 +125,7 @@ Result DescribeType1(const AfmMetrics& afm, WindowsMetrics* metrics) {
   metrics->characterSet = afm.standardEncoding ? kAnsiCharacters : kSymbolCharacters;
   SetStyle(afm, metrics);
   metrics->device = "PostScript";
-  metrics->face = FaceOf(afm);
+  metrics->face = WindowsFace(FaceOf(afm), "");
   metrics->postScriptName = afm.fontName;
   const AfmCharacter* all = Characters(afm);
   for (unsigned code = 0; code < 256; ++code) metrics->extents[code] = ToU16(all[code].width);

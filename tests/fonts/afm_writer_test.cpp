@@ -120,6 +120,20 @@ TEST_F(AfmWriterTest, WritesAWholeFontWithItsOwnEncoding) {
                "EndFontMetrics\n");
 }
 
+// The pairs are named as in a standard font, though the characters have no names here.
+TEST_F(AfmWriterTest, KeepsNamingThePairsOfAFontWithItsOwnEncoding) {
+  PostScriptPfm font;
+  font.charSet = 2;
+  font.widths = {{65, 250}, {150, 300}};
+  font.hasKerning = true;
+  font.pairs = {{65, 150, -40}, {150, 128, 3}};
+  const std::string text = AfmOf(font);
+  EXPECT_BYTES(text.substr(text.find("StartCharMetrics")),
+               "StartCharMetrics 224\nC  65 ; WX  250 ;\nC  150 ; WX  300 ;\nEndCharMetrics\n"
+               "StartKernData\nStartKernPairs 2\nKPX A endash -40\nKPX endash W80 3\n"
+               "EndKernPairs\nEndKernData\nEndFontMetrics\n");
+}
+
 TEST_F(AfmWriterTest, NamesTheWeight) {
   const std::pair<std::uint16_t, const char*> rows[] = {
       {0, " Medium"},   {1, " Light"},    {300, " Light"}, {324, " Light"}, {325, " Medium"},
@@ -300,65 +314,6 @@ TEST_F(AfmWriterTest, RefusesEveryBeginning) {
     part.replace(2, 4, Le32(static_cast<std::uint32_t>(length)));
     ASSERT_EQ(Convert(part), ZE_BAD_FORMAT) << length;
   }
-}
-
-TEST_F(AfmWriterTest, NamesOfCharacters) {
-  const std::pair<std::uint8_t, const char*> rows[] = {{0x00, "W00"},
-                                                       {0x04, "macron"},
-                                                       {0x05, "breve"},
-                                                       {0x06, "dotaccent"},
-                                                       {0x07, "W07"},
-                                                       {0x08, "ring"},
-                                                       {0x0A, "W0a"},
-                                                       {0x10, "hungarumlaut"},
-                                                       {0x11, "ogonek"},
-                                                       {0x12, "caron"},
-                                                       {0x1F, "W1f"},
-                                                       {0x20, "space"},
-                                                       {0x27, "quotesingle"},
-                                                       {0x5E, "asciicircum"},
-                                                       {0x60, "grave"},
-                                                       {0x7E, "asciitilde"},
-                                                       {0x7F, "W7f"},
-                                                       {0x80, "W80"},
-                                                       {0x82, "quotesinglbase"},
-                                                       {0x83, "W83"},
-                                                       {0x88, "asciicircum"},
-                                                       {0x95, "bullet1"},
-                                                       {0x98, "asciitilde"},
-                                                       {0x9F, "Ydieresis"},
-                                                       {0xA0, "reqspace"},
-                                                       {0xA1, "exclamdown"},
-                                                       {0xAD, "syllable"},
-                                                       {0xAF, "overbar"},
-                                                       {0xB5, "mu"},
-                                                       {0xD7, "multiply"},
-                                                       {0xFF, "ydieresis"}};
-  for (const auto& [code, name] : rows) EXPECT_STREQ(GlyphNameOf(code).text, name) << int{code};
-}
-
-TEST_F(AfmWriterTest, StandardCodes) {
-  const std::pair<std::uint8_t, std::uint8_t> rows[] = {
-      {0x00, 0x00}, {0x04, 0xC5}, {0x0A, 0xCD}, {0x0C, 0xCF}, {0x10, 0x00}, {0x20, 0x20},
-      {0x26, 0x26}, {0x27, 0xA9}, {0x28, 0x28}, {0x5F, 0x5F}, {0x60, 0xC1}, {0x61, 0x61},
-      {0x7F, 0x7F}, {0x82, 0xB8}, {0x83, 0x00}, {0x88, 0x5E}, {0x91, 0x60}, {0x92, 0x00},
-      {0x95, 0x00}, {0x98, 0x7E}, {0xA1, 0xA1}, {0xA4, 0xA8}, {0xA6, 0x00}, {0xB7, 0xB4},
-      {0xC0, 0x00}, {0xC6, 0xE1}, {0xF8, 0xF9}, {0xFF, 0x00}};
-  for (const auto& [code, standard] : rows) EXPECT_EQ(StandardCodeOf(code), standard) << int{code};
-  int count = 0;
-  for (unsigned code = 0; code < 256; ++code)
-    count += StandardCodeOf(static_cast<std::uint8_t>(code)) != 0;
-  EXPECT_EQ(count, 7 + 56 + 31 + 3 + 6 + 38);
-}
-
-TEST_F(AfmWriterTest, KeepClasses) {
-  std::array<int, 4> counts = {};
-  for (unsigned code = 0; code < 256; ++code)
-    ++counts[KeepClassOf(static_cast<std::uint8_t>(code))];
-  EXPECT_EQ(counts[0], 4 + 1 + 1 + 19 + 3 + 4 + 2);
-  EXPECT_EQ(counts[1], 95 + 96);
-  EXPECT_EQ(counts[2], 3 + 1 + 3 + 1 + 1 + 9 + 10 + 1);
-  EXPECT_EQ(counts[3], 2);
 }
 
 }  // namespace

@@ -1,6 +1,8 @@
 // Intellifont metrics as Windows metrics.
 #include "fonts/intellifont_metrics.h"
 
+#include <cstring>
+
 #include "support/metrics.h"
 #include "support/soft_fonts.h"
 
@@ -66,7 +68,8 @@ TEST_F(IntellifontTest, WithoutTheSymbolSetTheSymbolsCount) {
   TfmFile font;
   font.symbolSet = "0U";
   MetricsView pfm = MetricsOf(font);
-  EXPECT_EQ(pfm.Selection(), "\x1B(9U\x1B(s1p0s0b4148T\x1B(s#HEIGHTV");
+  EXPECT_EQ(pfm.Selection(), "\x1B(8U\x1B(s1p0s0b4148T\x1B(s#HEIGHTV");
+  EXPECT_EQ(pfm.U16(pfm.DriverInfo() + 12), 1U);
   EXPECT_EQ(pfm.Extent('A'), 6000U);
   EXPECT_EQ(pfm.Extent(0xC0), 6001U);
   font.symbolType = 2;
@@ -75,6 +78,8 @@ TEST_F(IntellifontTest, WithoutTheSymbolSetTheSymbolsCount) {
   EXPECT_EQ(pfm.Extent('B'), 6000U);
   EXPECT_EQ(pfm.Extent(0x95), 5000U);
   EXPECT_EQ(pfm.Extent(0xE9), 6001U);
+  font.symbols = {'B', 'B', 0xE9};  // of rows with the same symbol the first
+  EXPECT_EQ(MetricsOf(font).Extent('B'), 6000U);
   font.symbols = {0x4E00, 0x4E01, 0x4E02};
   EXPECT_EQ(Convert(font.File()), ZE_BAD_FORMAT);
 }
@@ -82,6 +87,22 @@ TEST_F(IntellifontTest, WithoutTheSymbolSetTheSymbolsCount) {
 TEST_F(IntellifontTest, RecordWithoutASymbolSetMeansWindows) {
   info.symbolSet[0] = '\0';
   EXPECT_EQ(MetricsOf(TfmFile{}).Selection(), "\x1B(9U\x1B(s1p0s0b4148T\x1B(s#HEIGHTV");
+}
+
+TEST_F(IntellifontTest, SymbolSetGivesCharacterSetAndFaceSuffix) {
+  TfmFile font;
+  font.typeface = "Univers Condensed Medium Italic";
+  for (const char* inFile : {"0B", "8U"}) {
+    std::strcpy(info.symbolSet, "0B");
+    font.symbolSet = inFile;
+    const MetricsView pfm = MetricsOf(font);
+    EXPECT_EQ(pfm.Face(), "Univers Condensed Me (LineDraw)");
+    EXPECT_EQ(pfm.U8(85), 0xB6U);
+    EXPECT_EQ(pfm.U16(pfm.DriverInfo() + 12), 16U);
+    EXPECT_EQ(pfm.Selection(), "\x1B(0B\x1B(s1p0s0b4148T\x1B(s#HEIGHTV");
+  }
+  std::strcpy(info.symbolSet, "8U");
+  EXPECT_EQ(MetricsOf(font).Face(), "Univers Condensed Medium Italic");
 }
 
 TEST_F(IntellifontTest, VendorsAreNamed) {
@@ -140,6 +161,30 @@ TEST_F(IntellifontTest, PclFontMatters) {
   EXPECT_EQ(Convert(TfmFile{}.File(), 16), ZE_OPEN_FAILED);
   WriteFile("font.sfp", "\x1B)s80W not a descriptor");
   EXPECT_EQ(Convert(TfmFile{}.File(), 16), ZE_BAD_FORMAT);
+}
+
+TEST_F(IntellifontTest, PclFontIsReadBeforeTheMetrics) {
+  WriteFile("font.sfp", "not a font");
+  EXPECT_EQ(Convert("not metrics", 16), ZE_OPEN_FAILED);
+  EXPECT_EQ(Convert("not metrics", 6), ZE_BAD_FORMAT);
+}
+
+TEST_F(IntellifontTest, StoredNameWithTheMetricsInTheCompanion) {
+  WriteFile("font.tfm", TfmFile{}.File());
+  std::swap(info.companionFile, info.metricsFile);
+  EXPECT_EQ(ZeFonConvert("font.sfp", "out.pfm", &info, 2, 16), ZE_OK);
+  EXPECT_NE(ReadFile("out.pfm").find("Univers8U       "), std::string::npos);
+}
+
+// The 65536th row would have the number that means none.
+TEST_F(IntellifontTest, RefusesMoreRowsThanItCanNumber) {
+  for (const auto rows : {&TfmFile::escapements, &TfmFile::symbols}) {
+    TfmFile font;
+    (font.*rows).resize(65535);
+    EXPECT_EQ(Convert(font.File()), ZE_OK);
+    (font.*rows).resize(65536);
+    EXPECT_EQ(Convert(font.File()), ZE_BAD_FORMAT);
+  }
 }
 
 TEST_F(IntellifontTest, UnterminatedFieldsOfTheRecordEndWithThem) {

@@ -228,7 +228,9 @@ TEST_F(PclMetricsTest, SymbolSetGivesCharacterSetClassAndFace) {
   for (const SymbolSetRow& row :
        {SymbolSetRow{2, 0xB6, 16, "Courier (LineDraw)"}, SymbolSetRow{14, 0, 18, "Courier (0N)"},
         SymbolSetRow{21, 0, 4, "Courier (0U)"}, SymbolSetRow{53, 0xB9, 16, "Courier (US Legal)"},
-        SymbolSetRow{277, 0, 1, "Courier (8U)"}, SymbolSetRow{501, 0xB5, 17, "Courier (PI Font)"},
+        SymbolSetRow{145, 0xB7, 16, "Courier (PC Line)"},
+        SymbolSetRow{269, 0xB4, 17, "Courier (Math8)"}, SymbolSetRow{277, 0, 1, "Courier (8U)"},
+        SymbolSetRow{369, 0, 18, "Courier (11Q)"}, SymbolSetRow{501, 0xB5, 17, "Courier (PI Font)"},
         SymbolSetRow{529, 0xBA, 19, "Courier (16Q)"}, SymbolSetRow{309, 0, 17, "Courier (9U)"}}) {
     SoftFont font(0);
     font.descriptor.symbolSet = row.symbolSet;
@@ -238,6 +240,28 @@ TEST_F(PclMetricsTest, SymbolSetGivesCharacterSetClassAndFace) {
     EXPECT_EQ(pfm.U16(pfm.DriverInfo() + 12), row.translationClass) << row.face;
     EXPECT_EQ(pfm.Face(), row.face);
   }
+}
+
+TEST_F(PclMetricsTest, OtherSymbolSetsGoByTheFontType) {
+  for (const auto& [fontType, translationClass] :
+       {std::pair<std::uint8_t, unsigned>{0, 16}, {1, 17}, {2, 17}}) {
+    SoftFont font(0);
+    font.descriptor.fontType = fontType;
+    font.descriptor.symbolSet = 309;
+    font.AddBitmap('A', 120, 30, 24, 30);
+    const MetricsView pfm = MetricsOf(font);
+    EXPECT_EQ(pfm.U16(pfm.DriverInfo() + 12), translationClass) << int{fontType};
+  }
+}
+
+// With a table of widths the extension begins behind it, not where the way back looks for it: two
+// widths make an offset that leads out of the file.
+TEST_F(PclMetricsTest, KeepsRefusingTheWayBackFromAProportionalFont) {
+  SoftFont font(0);
+  font.descriptor.spacing = 1;
+  for (unsigned code = 33; code < 127; ++code) font.AddBitmap(code, 100, 30, 20, 30);
+  EXPECT_TRUE(MetricsOf(font).HasWidthTable());
+  EXPECT_EQ(ZeFonConvert("out.pfm", "back.afm", nullptr, 0, 3), ZE_BAD_FORMAT);
 }
 
 TEST_F(PclMetricsTest, FaceOfANamelessTypefaceIsTheFontsName) {

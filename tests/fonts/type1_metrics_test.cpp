@@ -77,6 +77,13 @@ TEST_F(Type1MetricsTest, HeaderTellsTheFont) {
   EXPECT_EQ(pfm.Extent(65), 0U);
 }
 
+TEST_F(Type1MetricsTest, FaceIsCutToWhatWindowsTakes) {
+  Type1 font;
+  font.inf = "MSMenuName (A Menu Name That Is Longer Than Windows Likes)\n";
+  EXPECT_EQ(MetricsOf(font).Face(), "A Menu Name That Is Longer Than");
+  EXPECT_EQ(SecondOf(font).Face(), "A Menu Name That Is Longer Than");
+}
+
 TEST_F(Type1MetricsTest, ExtendedMetricsTellTheLetters) {
   Type1 font;
   font.header += "ItalicAngle -15.5\nUnderlinePosition -100\nUnderlineThickness 50\n";

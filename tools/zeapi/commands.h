@@ -12,6 +12,8 @@ void AddInfo(CLI::App& program, Session& session);
 void AddSend(CLI::App& program, Session& session);
 void AddString(CLI::App& program, Session& session);
 void AddFont(CLI::App& program, Session& session);
+void AddMacro(CLI::App& program, Session& session);
+void AddDemo(CLI::App& program, Session& session);
 void AddResource(CLI::App& program, Session& session);
 void AddFile(CLI::App& program, Session& session);
 void AddIni(CLI::App& program, Session& session);

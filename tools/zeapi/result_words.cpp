@@ -29,7 +29,6 @@ constexpr Words kWords[] = {
     {ZE_SHARING_VIOLATION, "somebody else has the file open"},
     {ZE_UNSUPPORTED, "this is not supported"},
     {ZE_COPY_FAILED, "copying failed"},
-    {ZE_NO_BACKUP_NAME, "all 998 backup names are taken"},
     {ZE_SEEK_FAILED, "the file cannot be positioned"},
     {ZE_BAD_HEADER, "the head of the file is not one of its kind"},
     {ZE_KEY_NOT_FOUND, "there is no such key"},
@@ -38,6 +37,7 @@ constexpr Words kWords[] = {
     {ZE_UNKNOWN_TYPE, "the file or printer is of another type"},
     {ZE_SECTION_NOT_FOUND, "there is no such section"},
     {ZE_DEFAULT_USED, "nothing was found and the default was used"},
+    {ZE_NO_BACKUP_NAME, "all 998 backup names are taken, or a PPDS macro is too large"},
     {ZE_FIXUP_FAILED, "the file is no PCL XL job that can be stored"},
 };
 
