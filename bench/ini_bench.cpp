@@ -1,6 +1,7 @@
 // Loading INI files, and looking values up in them.
 
 #include <cstdio>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -35,11 +36,13 @@ std::int64_t WriteSections(const std::string& path, int keys) {
 
 int KeysFor(std::int64_t mebibytes) { return static_cast<int>(mebibytes * 25); }
 
-bool ReadAsText(const std::string& path) {
+// The whole text into memory, as loading must.
+bool ReadAsText(const std::string& path, std::int64_t size) {
   const Stream file(platform::OpenStream(path.c_str(), "r"));
-  char block[4096];
-  while (std::fread(block, 1, sizeof(block), file.get()) > 0) benchmark::DoNotOptimize(block);
-  return std::feof(file.get()) != 0;
+  const auto text = std::make_unique_for_overwrite<char[]>(static_cast<std::size_t>(size));
+  const std::size_t count = std::fread(text.get(), 1, static_cast<std::size_t>(size), file.get());
+  benchmark::DoNotOptimize(text.get());
+  return count == static_cast<std::size_t>(size);
 }
 
 void IniLoad(benchmark::State& state) {
@@ -48,7 +51,7 @@ void IniLoad(benchmark::State& state) {
   const std::int64_t size = WriteSections(path, KeysFor(state.range(0)));
   bool whole = true;
   RunPaired(
-      state, size, [&] { whole &= ReadAsText(path); },
+      state, size, [&] { whole &= ReadAsText(path, size); },
       [&] { whole &= ZeIniClose(ZeIniOpen2(path.c_str(), ZE_INI_UPDATE)) == 1; });
   if (!whole) state.SkipWithError("a file was not read");
 }

@@ -89,7 +89,7 @@ void IniWrite(IniFile* file, std::string_view section, std::string_view key,
   const FirstBlock block =
       ScanFirstBlock(*found, [&](const IniLine& line) { return SameFolded(line.Key(), key); });
   if (block.match == nullptr) return InsertKey(file, found, block.last, keyLine);
-  IniLines::Rewrite(block.match, keyLine);
+  file->lines.Rewrite(block.match, keyLine);
 }
 
 void IniWriteAll(IniFile* file, std::string_view section, std::string_view key,

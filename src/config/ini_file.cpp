@@ -28,7 +28,8 @@ const char* StreamMode(std::uint32_t mode) {
 }
 
 std::string_view WithoutTrailing(std::string_view text, char c) {
-  return text.substr(0, text.find_last_not_of(c) + 1);
+  while (!text.empty() && text.back() == c) text.remove_suffix(1);
+  return text;
 }
 
 void Load(IniFile* file, std::string_view text) {

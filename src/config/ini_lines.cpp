@@ -6,7 +6,9 @@
 namespace zeapi {
 namespace {
 
-constexpr std::size_t kBlock = 65536;
+// Blocks grow with the file: few of them, and a small file has a small one.
+constexpr std::size_t kFirstBlock = 16384;
+constexpr std::size_t kLargestBlock = std::size_t{4} << 20;
 
 std::uint32_t LengthOf(std::string_view text) {
   if (text.size() >= UINT32_MAX) throw std::bad_alloc();
@@ -24,6 +26,7 @@ char* NewText(std::string_view text) {
 }  // namespace
 
 IniLines::~IniLines() {
+  if (!hasBlocksOfTheirOwn_) return;
   for (IniLine* line = first(); line != nullptr;) {
     IniLine* next = line->next;
     Release(line);
@@ -33,8 +36,11 @@ IniLines::~IniLines() {
 
 void* IniLines::Reserve(std::size_t size) {
   size = (size + alignof(IniLine) - 1) / alignof(IniLine) * alignof(IniLine);
-  if (blocks_.empty() || kBlock - used_ < size) {
-    blocks_.push_back(std::make_unique_for_overwrite<char[]>(kBlock));
+  if (blockSize_ - used_ < size) {
+    const std::size_t next =
+        blockSize_ == 0 ? kFirstBlock : std::min(2 * blockSize_, kLargestBlock);
+    blocks_.push_back(std::make_unique_for_overwrite<char[]>(next));
+    blockSize_ = next;
     used_ = 0;
   }
   char* room = blocks_.back().get() + used_;
@@ -56,6 +62,7 @@ void IniLines::Load(std::string_view text) {
 }
 
 IniLine* IniLines::Insert(IniLine* before, std::string_view text) {
+  hasBlocksOfTheirOwn_ = true;
   auto line = std::make_unique<IniLine>();
   *line = {NewText(text), nullptr, LengthOf(text), true, true};
   Link(before, line.get());
@@ -71,6 +78,7 @@ void IniLines::RemoveBehind(IniLine* before) {
 
 void IniLines::Rewrite(IniLine* line, std::string_view text) {
   if (line->length < text.size()) {
+    hasBlocksOfTheirOwn_ = true;
     char* room = NewText(text);
     if (line->ownsText) delete[] line->text;
     line->text = room;

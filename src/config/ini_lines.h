@@ -47,7 +47,7 @@ class IniLines {
   void RemoveBehind(IniLine* before);
 
   // Gives a line another text; in its place where the old one had as much room.
-  static void Rewrite(IniLine* line, std::string_view text);
+  void Rewrite(IniLine* line, std::string_view text);
 
  private:
   void* Reserve(std::size_t size);
@@ -57,8 +57,10 @@ class IniLines {
   char noText_[1] = {};
   IniLine head_ = {noText_, nullptr, 0, false, false};
   IniLine* last_ = &head_;
+  bool hasBlocksOfTheirOwn_ = false;             // some line or text has
   std::vector<std::unique_ptr<char[]>> blocks_;  // loaded lines, each followed by its text
-  std::size_t used_ = 0;                         // bytes of the last block
+  std::size_t blockSize_ = 0;                    // of the last block
+  std::size_t used_ = 0;                         // bytes of it
 };
 
 }  // namespace zeapi

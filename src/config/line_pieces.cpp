@@ -1,6 +1,7 @@
 #include "config/line_pieces.h"
 
 #include <algorithm>
+#include <cstring>
 
 namespace zeapi {
 
@@ -11,15 +12,21 @@ void LinePieces::Refill() {
   const std::size_t count = std::fread(room_.data() + end_, 1, room_.size() - end_, stream_);
   ended_ = count < room_.size() - end_;
   end_ += count;
+  // Looked for once a block: hardly any file has one.
+  hasZeros_ = std::memchr(room_.data(), '\0', end_) != nullptr;
 }
 
 bool LinePieces::Next(std::string_view* piece) {
   if (end_ - begin_ < kLongestPiece && !ended_) Refill();
   if (begin_ == end_) return false;
-  std::string_view line(room_.data() + begin_, std::min(end_ - begin_, kLongestPiece));
-  line = line.substr(0, line.find('\n') == line.npos ? line.npos : line.find('\n') + 1);
-  begin_ += line.size();
-  *piece = line.substr(0, line.find('\0'));
+  const char* start = room_.data() + begin_;
+  std::size_t length = std::min(end_ - begin_, kLongestPiece);
+  if (const void* newline = std::memchr(start, '\n', length)) {
+    length = static_cast<std::size_t>(static_cast<const char*>(newline) - start) + 1;
+  }
+  begin_ += length;
+  *piece = {start, length};
+  if (hasZeros_) *piece = piece->substr(0, piece->find('\0'));
   return true;
 }
 

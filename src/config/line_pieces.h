@@ -26,6 +26,7 @@ class LinePieces {
   std::size_t begin_ = 0;
   std::size_t end_ = 0;
   bool ended_ = false;
+  bool hasZeros_ = false;  // somewhere in the room
   std::array<char, 65536> room_;
 };
 

@@ -11,6 +11,7 @@
 #include <cstdint>
 #include <cstdio>
 #include <span>
+#include <string_view>
 
 namespace zeapi {
 
@@ -49,6 +50,14 @@ class TextCursor {
   }
   // Passes over the character that Peek() showed.
   void Skip() { ++next_; }
+
+  // What has been read ahead from the next character on; empty only at the end of the file.
+  std::string_view Ahead() {
+    if (next_ == end_) Refill();
+    return {next_, static_cast<std::size_t>(end_ - next_)};
+  }
+  // Passes over characters that Ahead() showed.
+  void SkipAhead(std::size_t count) { next_ += count; }
 
   // Passes over everything before the next `stop`, which Peek() then shows (or EOF). The first `size`
   // of these characters go to `room`; returns how many.
