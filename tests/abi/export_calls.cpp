@@ -30,6 +30,8 @@ const std::vector<ExportCall>& ExportCalls() {
       EXPORT_CALL(ZeNetGetType,        4, 0U,                  1U),
       EXPORT_CALL(ZeStrCpyFile,        8, buffer,              buffer, "c:\\folder\\name"),
       EXPORT_CALL(ZeStrCpyPath,        8, buffer,              buffer, "c:\\folder\\name"),
+      EXPORT_CALL(ZeZipExplode,       12, ZE_FILE_NOT_FOUND,   "no such archive", nullptr, nullptr),
+      EXPORT_CALL(ZeZipImplode,       12, ZE_UNSUPPORTED,      "no such archive", nullptr, nullptr),
       // clang-format on
   };
   return calls;

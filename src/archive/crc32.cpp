@@ -1,0 +1,59 @@
+#include "archive/crc32.h"
+
+#include <array>
+
+#include "archive/bit_reader.h"
+
+namespace zeapi {
+namespace {
+
+constexpr std::uint32_t kPolynomial = 0xEDB88320;
+constexpr std::size_t kStep = 16;
+
+// kTables[n][b]: the register after byte b and n zero bytes.
+constexpr std::array<std::array<std::uint32_t, 256>, kStep> MakeTables() {
+  std::array<std::array<std::uint32_t, 256>, kStep> tables = {};
+  for (std::uint32_t byte = 0; byte < 256; ++byte) {
+    std::uint32_t value = byte;
+    for (int bit = 0; bit < 8; ++bit) value = value >> 1 ^ ((value & 1) != 0 ? kPolynomial : 0);
+    tables[0][byte] = value;
+  }
+  for (std::size_t n = 1; n < kStep; ++n) {
+    for (std::size_t byte = 0; byte < 256; ++byte) {
+      const std::uint32_t before = tables[n - 1][byte];
+      tables[n][byte] = before >> 8 ^ tables[0][before & 0xFF];
+    }
+  }
+  return tables;
+}
+
+constexpr auto kTables = MakeTables();
+
+// What eight bytes, with `after` more behind them, add to the register.
+template <std::size_t after>
+std::uint32_t Shares(std::uint64_t bytes) {
+  return kTables[after + 7][bytes & 0xFF] ^ kTables[after + 6][bytes >> 8 & 0xFF] ^
+         kTables[after + 5][bytes >> 16 & 0xFF] ^ kTables[after + 4][bytes >> 24 & 0xFF] ^
+         kTables[after + 3][bytes >> 32 & 0xFF] ^ kTables[after + 2][bytes >> 40 & 0xFF] ^
+         kTables[after + 1][bytes >> 48 & 0xFF] ^ kTables[after][bytes >> 56];
+}
+
+}  // namespace
+
+// Sixteen bytes a step: each byte's share of the register sixteen bytes on has a table of its own.
+std::uint32_t Crc32WithTables(std::uint32_t crc, std::span<const std::uint8_t> bytes) {
+  for (; bytes.size() >= kStep; bytes = bytes.subspan(kStep)) {
+    const std::uint64_t first = LoadLe64(bytes.data()) ^ crc;
+    const std::uint64_t second = LoadLe64(bytes.data() + 8);
+    crc = Shares<8>(first) ^ Shares<0>(second);
+  }
+  for (const std::uint8_t byte : bytes) crc = crc >> 8 ^ kTables[0][(crc ^ byte) & 0xFF];
+  return crc;
+}
+
+void Crc32::Update(std::span<const std::uint8_t> bytes) {
+  static const bool multiply = CanMultiplyWithoutCarry();
+  register_ = multiply ? Crc32WithMultiply(register_, bytes) : Crc32WithTables(register_, bytes);
+}
+
+}  // namespace zeapi
