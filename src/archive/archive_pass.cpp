@@ -2,7 +2,7 @@
 
 #include "archive/member_name.h"
 #include "archive/wildcard.h"
-#include "platform/console.h"
+#include "platform/standard_input.h"
 
 namespace zeapi {
 namespace {
@@ -12,7 +12,7 @@ constexpr std::uint8_t kNewestVersion = 20;
 constexpr std::uint8_t kNewestVersionOfAskingHost = 42;
 
 bool Confirmed() {
-  const char answer = platform::ConsoleAnswer();
+  const char answer = platform::StandardInputAnswer();
   return answer == 'y' || answer == 'Y';
 }
 
