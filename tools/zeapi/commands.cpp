@@ -4,7 +4,7 @@ namespace tool {
 namespace {
 
 constexpr AddFamily kFamilies[] = {
-    AddInfo, AddSend, AddString, AddResource, AddFile, AddJob,
+    AddInfo, AddSend, AddString, AddResource, AddFile, AddJob, AddArchive,
 };
 
 }  // namespace

@@ -14,6 +14,7 @@ void AddString(CLI::App& program, Session& session);
 void AddResource(CLI::App& program, Session& session);
 void AddFile(CLI::App& program, Session& session);
 void AddJob(CLI::App& program, Session& session);
+void AddArchive(CLI::App& program, Session& session);
 
 // Adds every family, in the order in which --help lists them.
 void AddCommands(CLI::App& program, Session& session);
