@@ -13,6 +13,12 @@ ROWS = [
      "1000 MB/s or more, or 0.25 or less", lambda ratio, rate: rate >= 1e9 or ratio <= 0.25),
     ("Checksum", "checksum of a file", "reading the file", "1.50 or less",
      lambda ratio, rate: ratio <= 1.5),
+    ("FontFindAndRead", "10,000 fonts listed", "reading the files", "3.00 or less",
+     lambda ratio, rate: ratio <= 3),
+    ("FontFindAndScan", "Type 1 fonts listed", "`fc-scan`", "0.10 or less",
+     lambda ratio, rate: ratio <= 0.1),
+    ("FontFindTwice", "20,000 fonts listed", "10,000 fonts listed", "2.50 or less",
+     lambda ratio, rate: ratio <= 2.5),
 ]
 
 

@@ -157,6 +157,18 @@ enum ZeFontFormat {
   ZE_FONT_CARTRIDGE = 28       /**< Metrics of a font cartridge: PCM. */
 };
 
+/** Conversions of ZeFonConvert(). */
+enum ZeFontConversion {
+  ZE_CONVERT_AFM_TO_PFM = 1,         /**< Type 1 metrics to Windows metrics. */
+  ZE_CONVERT_AFM_TO_PFM_AND_PSM = 2, /**< The same, for two devices. */
+  ZE_CONVERT_PFM_TO_AFM = 3,         /**< Windows metrics to Type 1 metrics. */
+  ZE_CONVERT_DLF_TO_PBM = 4,         /**< DLF font to Windows metrics. */
+  ZE_CONVERT_PCL_TO_PFM = 5,         /**< PCL soft font to Windows metrics. */
+  ZE_CONVERT_TFM_TO_PFM = 6,         /**< Intellifont metrics to Windows metrics. */
+  ZE_CONVERT_TFM_TO_PFM_NAMED = 16,  /**< The same, with the stored name of the font. */
+  ZE_CONVERT_PCL_TO_PFM_NAMED = 17   /**< PCL soft font, with its stored name. */
+};
+
 /** Bits of ZeFontInfo::flags; all others are 0. */
 enum ZeFontFlags {
   ZE_FONT_BINARY = 0x01,       /**< A binary file; PFA and AFM are text. */
@@ -271,7 +283,164 @@ ZEAPI_ASSERT_OFFSET(ZeFontInfo, metricsFile, 450);
 ZEAPI_ASSERT_OFFSET(ZeFontInfo, cartridge, 710);
 ZEAPI_ASSERT_SIZE(ZeFontInfo, 714);
 
+/** What a search was for, ZeFoundFile::kind. */
+enum ZeFoundKind {
+  ZE_FOUND_FONT = 1, /**< `info` is a ZeFontInfo. */
+  ZE_FOUND_DEMO = 2, /**< `info` is null. */
+  ZE_FOUND_MACRO = 3 /**< `info` is a macro option record of 40 bytes. */
+};
+
+/**
+ * A file that a search found; 277 bytes. The list runs from the file found last to the first one
+ * and belongs to the caller, who gives it back as a whole with ZeFonFindFree().
+ */
+typedef struct ZeFoundFile {
+  char path[260];           /**< 0: full path of the file. */
+  void* info;               /**< 260: the record that `kind` tells, or null. */
+  struct ZeFoundFile* next; /**< 264: the file found before this one, or null. */
+  uint32_t kind;            /**< 268: ZE_FOUND_... */
+  uint8_t rootLength;       /**< 272: macros and demos: length of the searched folder's part of
+                                 `path` with its separator, its low 8 bits. Fonts: 0. */
+  uint32_t size;            /**< 273: size of the file in bytes. */
+} ZeFoundFile;
+ZEAPI_ASSERT_OFFSET(ZeFoundFile, path, 0);
+ZEAPI_ASSERT_OFFSET(ZeFoundFile, info, 260);
+ZEAPI_ASSERT_OFFSET(ZeFoundFile, next, 264);
+ZEAPI_ASSERT_OFFSET(ZeFoundFile, kind, 268);
+ZEAPI_ASSERT_OFFSET(ZeFoundFile, rootLength, 272);
+ZEAPI_ASSERT_OFFSET(ZeFoundFile, size, 273);
+ZEAPI_ASSERT_SIZE(ZeFoundFile, 277);
+/** Accounting of one job. A field's name tells the elements it comes from, below element 2 of the
+ * record; what the printer means by them is the printer's own. Texts are zero-terminated. */
+typedef struct ZeJobAccountJob {
+  int32_t value1_1;  /**< 0. */
+  int32_t value1_2;  /**< 4. */
+  int32_t value1_3;  /**< 8. */
+  int32_t value1_4;  /**< 12. */
+  int32_t value1_5;  /**< 16. */
+  int32_t value1_6;  /**< 20. */
+  char text1_7[10];  /**< 24. */
+  int32_t value1_8;  /**< 34. */
+  int32_t value1_9;  /**< 38. */
+  int32_t value1_10; /**< 42. */
+  char text1_11[16]; /**< 46. */
+  char text2_1[41];  /**< 62. */
+  char text2_2[21];  /**< 103. */
+  char text2_3[21];  /**< 124. */
+  int32_t value2_4;  /**< 145. */
+  int32_t value2_5;  /**< 149. */
+  int32_t value2_6;  /**< 153. */
+  int32_t value2_7;  /**< 157. */
+  int32_t value2_8;  /**< 161. */
+  int32_t value2_9;  /**< 165. */
+  int32_t value2_10; /**< 169. */
+} ZeJobAccountJob;
+ZEAPI_ASSERT_OFFSET(ZeJobAccountJob, value1_1, 0);
+ZEAPI_ASSERT_OFFSET(ZeJobAccountJob, value1_2, 4);
+ZEAPI_ASSERT_OFFSET(ZeJobAccountJob, value1_3, 8);
+ZEAPI_ASSERT_OFFSET(ZeJobAccountJob, value1_4, 12);
+ZEAPI_ASSERT_OFFSET(ZeJobAccountJob, value1_5, 16);
+ZEAPI_ASSERT_OFFSET(ZeJobAccountJob, value1_6, 20);
+ZEAPI_ASSERT_OFFSET(ZeJobAccountJob, text1_7, 24);
+ZEAPI_ASSERT_OFFSET(ZeJobAccountJob, value1_8, 34);
+ZEAPI_ASSERT_OFFSET(ZeJobAccountJob, value1_9, 38);
+ZEAPI_ASSERT_OFFSET(ZeJobAccountJob, value1_10, 42);
+ZEAPI_ASSERT_OFFSET(ZeJobAccountJob, text1_11, 46);
+ZEAPI_ASSERT_OFFSET(ZeJobAccountJob, text2_1, 62);
+ZEAPI_ASSERT_OFFSET(ZeJobAccountJob, text2_2, 103);
+ZEAPI_ASSERT_OFFSET(ZeJobAccountJob, text2_3, 124);
+ZEAPI_ASSERT_OFFSET(ZeJobAccountJob, value2_4, 145);
+ZEAPI_ASSERT_OFFSET(ZeJobAccountJob, value2_5, 149);
+ZEAPI_ASSERT_OFFSET(ZeJobAccountJob, value2_6, 153);
+ZEAPI_ASSERT_OFFSET(ZeJobAccountJob, value2_7, 157);
+ZEAPI_ASSERT_OFFSET(ZeJobAccountJob, value2_8, 161);
+ZEAPI_ASSERT_OFFSET(ZeJobAccountJob, value2_9, 165);
+ZEAPI_ASSERT_OFFSET(ZeJobAccountJob, value2_10, 169);
+ZEAPI_ASSERT_SIZE(ZeJobAccountJob, 173);
+
+/** Running totals of the printer, from the elements below element 3 of the record. */
+typedef struct ZeJobAccountTotals {
+  int32_t value1_1; /**< 0. */
+  int32_t value2_1; /**< 4. */
+  int32_t value2_2; /**< 8. */
+  int32_t value2_3; /**< 12. */
+  int32_t value2_4; /**< 16. */
+  int32_t value2_5; /**< 20. */
+  char text2_6[16]; /**< 24. */
+  int32_t value2_7; /**< 40. */
+  char text2_8[10]; /**< 44. */
+  int32_t value3_1; /**< 54. */
+  int32_t value3_2; /**< 58. */
+  int32_t value3_3; /**< 62. */
+  int32_t value3_4; /**< 66. */
+  int32_t value3_5; /**< 70. */
+} ZeJobAccountTotals;
+ZEAPI_ASSERT_OFFSET(ZeJobAccountTotals, value1_1, 0);
+ZEAPI_ASSERT_OFFSET(ZeJobAccountTotals, value2_1, 4);
+ZEAPI_ASSERT_OFFSET(ZeJobAccountTotals, value2_2, 8);
+ZEAPI_ASSERT_OFFSET(ZeJobAccountTotals, value2_3, 12);
+ZEAPI_ASSERT_OFFSET(ZeJobAccountTotals, value2_4, 16);
+ZEAPI_ASSERT_OFFSET(ZeJobAccountTotals, value2_5, 20);
+ZEAPI_ASSERT_OFFSET(ZeJobAccountTotals, text2_6, 24);
+ZEAPI_ASSERT_OFFSET(ZeJobAccountTotals, value2_7, 40);
+ZEAPI_ASSERT_OFFSET(ZeJobAccountTotals, text2_8, 44);
+ZEAPI_ASSERT_OFFSET(ZeJobAccountTotals, value3_1, 54);
+ZEAPI_ASSERT_OFFSET(ZeJobAccountTotals, value3_2, 58);
+ZEAPI_ASSERT_OFFSET(ZeJobAccountTotals, value3_3, 62);
+ZEAPI_ASSERT_OFFSET(ZeJobAccountTotals, value3_4, 66);
+ZEAPI_ASSERT_OFFSET(ZeJobAccountTotals, value3_5, 70);
+ZEAPI_ASSERT_SIZE(ZeJobAccountTotals, 74);
+
 #pragma pack(pop)
+
+/* Pointers and 32-bit numbers alone need no packing, and aligned they can be used everywhere. */
+
+/** One installed option: an entry of ZeOptionInfo::items. What the printer means by the elements is the
+ * printer's own. */
+typedef struct ZeOptionItem {
+  int32_t value1; /**< 0: element 1. */
+  int32_t value5; /**< 4: element 5. */
+  char* text6;    /**< 8: element 6; empty when the element is, null when there is none. */
+} ZeOptionItem;
+ZEAPI_ASSERT_OFFSET(ZeOptionItem, value1, 0);
+ZEAPI_ASSERT_OFFSET(ZeOptionItem, value5, 4);
+ZEAPI_ASSERT_OFFSET(ZeOptionItem, text6, 8);
+ZEAPI_ASSERT_SIZE(ZeOptionItem, 12);
+
+/** One group of options: an entry of ZeOptionInfo::groups. */
+typedef struct ZeOptionGroup {
+  char* text1;         /**< 0: element 1; null when it is empty or not there. */
+  char* text2;         /**< 4: element 2; null when it is empty or not there. */
+  uint32_t valueCount; /**< 8: number of `values`. */
+  int32_t* values;     /**< 12: element 1 of each child of element 3. */
+} ZeOptionGroup;
+ZEAPI_ASSERT_OFFSET(ZeOptionGroup, text1, 0);
+ZEAPI_ASSERT_OFFSET(ZeOptionGroup, text2, 4);
+ZEAPI_ASSERT_OFFSET(ZeOptionGroup, valueCount, 8);
+ZEAPI_ASSERT_OFFSET(ZeOptionGroup, values, 12);
+ZEAPI_ASSERT_SIZE(ZeOptionGroup, 16);
+
+/** What ZeParseOptionInfo() makes of an option record. */
+typedef struct ZeOptionInfo {
+  uint32_t itemCount;    /**< 0: number of `items`. */
+  ZeOptionItem* items;   /**< 4: null when there are none. */
+  uint32_t groupCount;   /**< 8: number of `groups`. */
+  ZeOptionGroup* groups; /**< 12: null when there are none. */
+} ZeOptionInfo;
+ZEAPI_ASSERT_OFFSET(ZeOptionInfo, itemCount, 0);
+ZEAPI_ASSERT_OFFSET(ZeOptionInfo, items, 4);
+ZEAPI_ASSERT_OFFSET(ZeOptionInfo, groupCount, 8);
+ZEAPI_ASSERT_OFFSET(ZeOptionInfo, groups, 12);
+ZEAPI_ASSERT_SIZE(ZeOptionInfo, 16);
+
+/** What ZeParseJobAccountingAlert() makes of a job accounting record. */
+typedef struct ZeJobAccount {
+  ZeJobAccountJob* job;       /**< 0: null when the record has none. */
+  ZeJobAccountTotals* totals; /**< 4: null when the record has none. */
+} ZeJobAccount;
+ZEAPI_ASSERT_OFFSET(ZeJobAccount, job, 0);
+ZEAPI_ASSERT_OFFSET(ZeJobAccount, totals, 4);
+ZEAPI_ASSERT_SIZE(ZeJobAccount, 8);
 
 /**
  * Called by ZeZipExplode() after each file that it has extracted; the result is ignored.
@@ -293,6 +462,13 @@ typedef uint32_t(ZEAPI_CALL* ZeZipProgress)(const char* name, uint32_t compresse
  * @return ignored.
  */
 typedef uint32_t(ZEAPI_CALL* ZeModifyCallback)(char* line, uint32_t value);
+
+/**
+ * Called by ZeFonFind2() for each file that it looks at and for each font that it lists.
+ * @param font     null for a file; for a font its record, which is valid during the call only.
+ * @param percent  how many of the files are done.
+ */
+typedef void(ZEAPI_CALL* ZeFontProgress)(const ZeFontInfo* font, uint32_t percent);
 
 /** @name General */
 /** @{ */
@@ -373,6 +549,42 @@ ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeDatSendString(const char* text, const char* p
 /** @{ */
 
 /**
+ * Turns the metrics of one font file into another metrics format. The input is read whole before the
+ * output is created; an output that failed halfway stays as it is.
+ *
+ * | conversion | input | output | default name |
+ * |---|---|---|---|
+ * | 1 | AFM, with the INF beside it | Windows metrics for the PostScript device | .PFM |
+ * | 2 | the same | the same, and a second file for the PCL 5 device | .PFM and .PSM |
+ * | 3 | Windows metrics | AFM text, widths in Adobe's standard encoding or the font's codes | .AFM |
+ * | 4 | DLF font | Windows metrics for the "Velquist LaserPrinter" device | .PBM |
+ * | 5 | PCL soft font, with its characters | Windows metrics for the "PCL / HP LaserJet" device | .PFM |
+ * | 17 | the same | the same, with the font's stored name and symbol set | .PFM |
+ * | 6 | Intellifont metrics (TFM) | Windows metrics for the "PCL5 / HP LaserJet III" device | .PFM |
+ * | 16 | the same | the same, with the stored name of the PCL font in `fontFile` | .PFM |
+ *
+ * Conversions 5, 16 and 17 rewrite the diagnostic file `c:\apifonts.txt`. A DLF font without a name
+ * gives no file and ZE_OK.
+ * @param fontFile    at most ZE_MAX_NAME characters.
+ * @param outputFile  at most ZE_MAX_NAME characters; null or empty: the font file with the default
+ *                    extension. In conversions 1 and 2 a name without "." is a folder for a file of
+ *                    that name, and conversion 2 gives the name its two extensions.
+ * @param option1     conversions 6 and 16: what ZeFonQueryInfo() tells about the PCL font; its
+ *                    `printerMemory`, `symbolSet` and the path that `option2` names are read.
+ * @param option2     conversions 6 and 16: which path names the TFM file; 2 `companionFile`, 4
+ *                    `metricsFile`.
+ * @param conversion  ZeFontConversion.
+ * @return ZE_OK; ZE_INVALID_ARGUMENT (no font file, a name too long; then, for a file that exists, an
+ *         unknown conversion, or no record or path for 6 and 16); ZE_FILE_NOT_FOUND (the font file or
+ *         the INF); ZE_OPEN_FAILED (an input cannot be opened, the output cannot be created);
+ *         ZE_WRITE_FAILED (AFM); ZE_OUT_OF_MEMORY; ZE_BAD_FORMAT: the input is not what the
+ *         conversion wants, or is damaged; ZE_COPY_FAILED: Windows metrics could not be written whole.
+ */
+ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeFonConvert(const char* fontFile, const char* outputFile,
+                                              const ZeFontInfo* option1, uint32_t option2,
+                                              uint32_t conversion) ZEAPI_NOEXCEPT;
+
+/**
  * Looks at one font file and tells what it is. The kind is decided by the extension: the first
  * three characters after the last dot of the whole path, in any case. CFG, FF, TYP, TXT, ME, BAT,
  * CMD, COM and EXE are refused; an extension that is not of a known kind means a PCL soft font
@@ -396,6 +608,82 @@ ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeDatSendString(const char* text, const char* p
 ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeFonQueryInfo(const char* fontFile, ZeFontInfo* info,
                                                 uint32_t queryOption,
                                                 uint32_t includeMetricFiles) ZEAPI_NOEXCEPT;
+
+/**
+ * Sends a font file to a printer as a complete job, into working memory or a storage device. The
+ * font's format, as ZeFonQueryInfo() tells it, and the destination's language decide how:
+ * - PCL soft fonts (8, 9, 11, 13, 15, 17, 18, 20): the PCL command that gives the font its ID
+ *   (`resourceId`), the file as it is, the command that makes the font permanent. With the language
+ *   ZE_LANGUAGE_PCLXL the file has to begin with ESC ")s", at most 5 characters and "W".
+ * - DLF: the PPDS font ID command and the file as it is; with ZE_LANGUAGE_PCLXL the same check, which
+ *   such fonts do not pass.
+ * - Type 1 (PFA, PFB) with ZE_LANGUAGE_PPDS: the PPDS font ID command and the file in blocks of at
+ *   most 2048 bytes, each with `ppdsFontCode` and `ppdsFontSlot` in its header.
+ * - Type 1 with any other language: for PostScript, behind an exit-server header that needs a
+ *   printer whose password is 0. The binary segments of a PFB are sent as hexadecimal text; where a
+ *   segment is damaged the font ends, and the job ends as it should and reports success.
+ * - TrueType (TTF): nothing between the job's beginning and end; ZE_BAD_FORMAT.
+ *
+ * A bracket-K printer gets its language selection, a PJL printer its header and trailer, one that
+ * takes both gets both. A job that goes to a file is appended to it.
+ * @param destination  `fontQueryOption` is passed to ZeFonQueryInfo(); companion files that it asks
+ *        for may be missing.
+ * @param target  ZE_DEVICE_...; all but ZE_DEVICE_RAM are named to the printer before the font, and
+ *        working memory after it.
+ * @return ZE_OK; ZE_INVALID_ARGUMENT (also for a language outside 1..6, a target outside 1..5, or a
+ *         font without an extension); ZE_FILE_NOT_FOUND; ZE_OPEN_FAILED (font or printer, or a font
+ *         that fails the check of ZE_LANGUAGE_PCLXL; a font that vanishes between query and
+ *         download gives ZE_FILE_NOT_FOUND if it is PCL, DLF or goes to PPDS, else this);
+ *         ZE_READ_FAILED; ZE_WRITE_FAILED; ZE_OUT_OF_MEMORY; ZE_PRINTER_WRITE_FAILED (also for a
+ *         PPDS block that a file refuses, unless the job's end finds ZE_WRITE_FAILED); ZE_UNUSABLE;
+ *         ZE_BAD_FORMAT (also for a file that is not a downloadable font).
+ */
+ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeFonDownload(const char* fontFile, const char* printerName,
+                                               const ZeDestination* destination,
+                                               int32_t target) ZEAPI_NOEXCEPT;
+
+/**
+ * Lists the fonts of a folder, each with its record, the one found last first. Files whose names
+ * begin with "." are left out, and so is a font whose description another listed font has.
+ * A text file `GLUE.TXT` in the folder comes first when `typeFilter` is 10, 12, 14, 16, 17, 18, 20,
+ * 26 or 27: it names cartridges and PCL fonts with their symbol sets, metrics files and printer
+ * memory. A scalable PCL font (formats 17, 18, 20) finds its metrics in the file that GLUE.TXT
+ * names, or else beside it under the first three characters of its name and "0000S.TFM"; without
+ * them `queryOption` 2 leaves it out and 4 takes a PFM file of its name or leaves it out.
+ * @param directory   at most ZE_MAX_NAME characters.
+ * @param count       in: how many fonts are wanted at most, 0 for 32767; out: how many were listed.
+ * @param typeFilter  1 to 28. 10: formats 8, 9, 11, 13, 15, 17, 18, 20. 12: 11, 17. 14: 9, 13, 17.
+ *        16: as 10 without 11. 26: all. 27: as 16 with 25 and 28, but no Windows metrics for the
+ *        device "PostScript" and none with an SFS file of their name. Any other: that format.
+ * @param kindFilter  1 to 6: fonts of that kind; 5 and 6: of any.
+ * @param queryOption as of ZeFonQueryInfo(); a font whose query does not give ZE_OK is left out.
+ *        Metric files are included unless `kindFilter` is 3.
+ * @param recurse     not 0: folders within are searched too. Their fonts are not listed, but each
+ *        such search takes `count` for its limit, begins it anew and leaves it to the outer one.
+ * @return the list, for ZeFonFindFree(); null when it is empty or an argument is bad (`count` is
+ *         then left alone). Out of memory: what was listed so far.
+ */
+ZEAPI_EXPORT ZeFoundFile* ZEAPI_CALL ZeFonFind(const char* directory, uint16_t* count,
+                                               uint32_t typeFilter, uint32_t kindFilter,
+                                               uint32_t queryOption,
+                                               uint32_t recurse) ZEAPI_NOEXCEPT;
+
+/**
+ * Like ZeFonFind(), but first counts the files of the folder (with `recurse` also of those within)
+ * and then tells how far the search is.
+ * @param progress  may be null.
+ */
+ZEAPI_EXPORT ZeFoundFile* ZEAPI_CALL ZeFonFind2(const char* directory, uint16_t* count,
+                                                uint32_t typeFilter, uint32_t kindFilter,
+                                                uint32_t queryOption, uint32_t recurse,
+                                                ZeFontProgress progress) ZEAPI_NOEXCEPT;
+
+/**
+ * Releases a list that ZeFonFind(), ZeFonFind2(), ZeDemFind() or ZeMacFind() handed out: every node
+ * with its record, and the cartridge of a font's record.
+ * @param first  the list's first node, or null.
+ */
+ZEAPI_EXPORT void ZEAPI_CALL ZeFonFindFree(ZeFoundFile* first) ZEAPI_NOEXCEPT;
 /** @} */
 
 /** @name Files */
@@ -530,6 +818,43 @@ ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeZipExplode(const char* archive, const char* p
  */
 ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeZipImplode(const char* archive, const char* pattern,
                                               ZeZipProgress progress) ZEAPI_NOEXCEPT;
+/**
+ * @name Printer records
+ *
+ * Printers send binary records of their options and of finished jobs; the caller hands them over as they
+ * came. All numbers in a record are big-endian. It begins with the number of bytes that follow (16
+ * bits) and its version (16 bits); then come three keys, each two bytes and a text up to `}`, pairs
+ * of a name and a length in bytes such as `ID:1,DT:1`, which declare the headers of every element (ID,
+ * DT), of containers (DT 0: NE children, LD bytes) and of data (DT 1 integer, 2 text: LD, DA);
+ * then the tree of elements. A number of 1 byte is signed, of 2 or 4 bytes unsigned; other lengths count
+ * as 0. Elements that are not known are skipped. A record ends where it is cut or breaks its own
+ * rules, and what was read so far is the result: a key with a name that is not known, a length
+ * beyond the record, more children than bytes, a text longer than its field (it is cut to fit). Each
+ * step is logged.
+ */
+/** @{ */
+
+/**
+ * Reads an option record.
+ * @param buffer  the record; as many bytes as its first two say, and these two.
+ * @return a record to release with ZeFreeOptionInfo(), empty when there are no options in it; null for
+ *         a null buffer and when there is no memory.
+ */
+ZEAPI_EXPORT ZeOptionInfo* ZEAPI_CALL ZeParseOptionInfo(const void* buffer) ZEAPI_NOEXCEPT;
+
+/** Releases what ZeParseOptionInfo() returned. Null is ignored. */
+ZEAPI_EXPORT void ZEAPI_CALL ZeFreeOptionInfo(ZeOptionInfo* info) ZEAPI_NOEXCEPT;
+
+/**
+ * Reads a job accounting record. Where it has several root elements, all of them fill one result.
+ * @param buffer  as for ZeParseOptionInfo().
+ * @return a record to release with ZeFreeJobAccount(); null for a null buffer and when there is no
+ *         memory.
+ */
+ZEAPI_EXPORT ZeJobAccount* ZEAPI_CALL ZeParseJobAccountingAlert(const void* buffer) ZEAPI_NOEXCEPT;
+
+/** Releases what ZeParseJobAccountingAlert() returned. Null is ignored. */
+ZEAPI_EXPORT void ZEAPI_CALL ZeFreeJobAccount(ZeJobAccount* account) ZEAPI_NOEXCEPT;
 /** @} */
 
 #if defined(__cplusplus)

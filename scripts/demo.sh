@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Shows a page and a command string travel to a printer, from a fresh checkout. The printer is a file,
-# so the job can be looked at afterwards.
+# Shows a font, a page and a command string travel to a printer, from a fresh checkout. The printer is a
+# file, so the job can be looked at afterwards.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -21,7 +21,7 @@ if ! { cmake --preset release -B build/demo -DZEAPI_TESTS=OFF -DZEAPI_BENCH=OFF 
   exit 1
 fi
 zeapi=$PWD/build/demo/bin/zeapi
-cp examples/page.pcl "$captured"
+cp examples/page.pcl examples/digits.sfp "$captured"
 cd "$captured"
 echo "The printers are files in $captured"
 
@@ -36,6 +36,10 @@ step() {
   "$zeapi" "${@:2}"
 }
 
+step "A font of our own: what is it?" \
+  font info digits.sfp
+step "It goes into the flash memory of a PJL printer, where pages call it font 10." \
+  font send digits.sfp --printer font.prn --pjl --language pcl --target flash1 --id 10 --job "Digits"
 step "A page in PCL goes to a PJL printer: two copies, with the name of the job." \
   send page.pcl --printer page.prn --pjl --language pcl --copies 2 --job "Example page"
 step "A command string, reset and form feed, as hexadecimal digits ..." \
@@ -45,11 +49,13 @@ step "... and the same one as text with escapes." \
 cmp reset-hex.prn reset-escaped.prn
 echo "Both arrived as the same bytes."
 
+step "What the printer got for the font." \
+  job font.prn
 step "What the printer got for the page; the rows of the picture are folded into one line." \
   job page.prn --fold
 step "What it got for the command string." \
   job reset-escaped.prn
 
-rm page.pcl "$log"
+rm page.pcl digits.sfp "$log"
 printf '\nThe captured jobs stay here:\n'
 printf '  %s\n' "$captured"/*.prn

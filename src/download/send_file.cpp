@@ -1,5 +1,6 @@
 #include "base/stream.h"
 #include "download/data.h"
+#include "download/own_output.h"
 #include "files/file_utilities.h"
 #include "output/pjl.h"
 #include "output/pjl_commands.h"
@@ -60,9 +61,7 @@ Result SendDataFile(const char* fileName, const char* printerName, const ZeDesti
   const Result opened = GenQueOpen(printerName, &ctx);
   if (opened != ZE_OK) return opened;
 
-  // A file appended to itself would never come to its end.
-  if (ctx.backEnd == QueueBackEnd::kFile && fileMode == kAppendFile &&
-      platform::SameFile(fileName, printerName)) {
+  if (IsOwnOutput(ctx, fileName, printerName)) {
     GenQueClose(&ctx);
     return ZE_OPEN_FAILED;
   }

@@ -1,6 +1,9 @@
 #include "fonts/afm_reader.h"
 
 #include <algorithm>
+#include <functional>
+#include <map>
+#include <string>
 #include <string_view>
 
 #include "fonts/afm_glyph_names.h"
@@ -25,9 +28,12 @@ void ReadBox(std::string_view text, Number (&box)[4]) {
   for (Number& side : box) side = static_cast<Number>(WholeOf(TakeWord(&text)));
 }
 
+enum class AfmScope { kAll, kHeader };
+
 class AfmFile {
  public:
-  AfmFile(std::FILE* stream, AfmMetrics* metrics) : stream_(stream), metrics_(*metrics) {}
+  AfmFile(std::FILE* stream, AfmMetrics* metrics, AfmScope scope)
+      : stream_(stream), metrics_(*metrics), scope_(scope) {}
 
   Result Read() {
     TextLines lines(stream_);
@@ -55,6 +61,8 @@ class AfmFile {
       section_ = Section::kHeader;
     } else if (section_ == Section::kHeader) {
       ReadHeader(keyword, value);
+    } else if (scope_ == AfmScope::kHeader) {
+      return ZE_OK;
     } else if (section_ == Section::kCharacters && (keyword == "C" || keyword == "CH")) {
       ReadCharacter(keyword == "C" ? WholeOf(value) : -1, value);
     } else if (section_ == Section::kKernPairs && keyword == "KPX") {
@@ -92,7 +100,7 @@ class AfmFile {
   // The items of a character line are separated by semicolons and come in any order.
   void ReadCharacter(int fontCode, std::string_view line) {
     AfmCharacter character = {true, 0, {}};
-    int windowsCode = -1;
+    std::string_view name;
     while (!line.empty()) {
       const std::size_t end = std::min(line.find(';'), line.size());
       std::string_view item = line.substr(0, end);
@@ -102,18 +110,28 @@ class AfmFile {
       if (key == "WX") {
         character.width = static_cast<std::int16_t>(WholeOf(item));
       } else if (key == "N") {
-        windowsCode = WindowsCodeOfGlyph(UpToWhiteSpace(item));
+        name = UpToWhiteSpace(item);
       } else if (key == "B") {
         ReadBox(item, character.box);
       }
     }
+    const int windowsCode = WindowsCodeOfGlyph(name);
     if (windowsCode >= 0) metrics_.byWindowsCode[windowsCode] = character;
-    if (fontCode >= 0 && fontCode < 256) metrics_.byFontCode[fontCode] = character;
+    if (fontCode < 0 || fontCode > 255) return;
+    metrics_.byFontCode[fontCode] = character;
+    if (!metrics_.standardEncoding) fontCodes_.emplace(name, fontCode);
+  }
+
+  // -1 for a glyph without a code.
+  int KernCodeOf(std::string_view name) const {
+    if (metrics_.standardEncoding) return WindowsCodeOfGlyph(name);
+    const auto found = fontCodes_.find(name);
+    return found != fontCodes_.end() ? found->second : -1;
   }
 
   Result ReadKernPair(std::string_view value) {
-    const int first = WindowsCodeOfGlyph(TakeWord(&value));
-    const int second = WindowsCodeOfGlyph(TakeWord(&value));
+    const int first = KernCodeOf(TakeWord(&value));
+    const int second = KernCodeOf(TakeWord(&value));
     if (first < 0 || second < 0 || metrics_.kernPairCount == kMostKernPairs) return ZE_OK;
     if (metrics_.kernPairCount == capacity_ && !Grow()) return ZE_OUT_OF_MEMORY;
     metrics_.kernPairs[metrics_.kernPairCount++] = {static_cast<std::uint8_t>(first),
@@ -135,8 +153,10 @@ class AfmFile {
 
   std::FILE* stream_;
   AfmMetrics& metrics_;
+  AfmScope scope_;
   Section section_ = Section::kHeader;
   std::uint32_t capacity_ = 0;
+  std::map<std::string, int, std::less<>> fontCodes_;  // of an encoding of the font's own
 };
 
 }  // namespace
@@ -147,11 +167,18 @@ AfmMetricsPtr NewAfmMetrics(const char* fontFile) {
   metrics->firstCharacter = 32;
   metrics->lastCharacter = 255;
   metrics->weight = 400;
+  metrics->standardEncoding = true;
   SetField(metrics->fontFile, fontFile);
   SetField(metrics->symbolSet, "9U");
   return metrics;
 }
 
-Result ReadAfm(std::FILE* stream, AfmMetrics* metrics) { return AfmFile(stream, metrics).Read(); }
+Result ReadAfm(std::FILE* stream, AfmMetrics* metrics) {
+  return AfmFile(stream, metrics, AfmScope::kAll).Read();
+}
+
+Result ReadAfmHeader(std::FILE* stream, AfmMetrics* metrics) {
+  return AfmFile(stream, metrics, AfmScope::kHeader).Read();
+}
 
 }  // namespace zeapi

@@ -17,7 +17,7 @@ struct AfmCharacter {
 };
 
 struct AfmKernPair {
-  std::uint8_t first;  // Windows codes
+  std::uint8_t first;  // Windows codes, or the font's where it has an encoding of its own
   std::uint8_t second;
   std::int16_t amount;
 };
@@ -32,7 +32,7 @@ struct AfmMetrics {
   char fontName[80];
   char fullName[80];
   char symbolSet[6];
-  bool standardEncoding;
+  bool standardEncoding;  // also when the file names no encoding
   bool fixedPitch;
   int italicAngle;  // tenths of a degree
   int box[4];       // of the font: left, bottom, right, top
@@ -71,6 +71,9 @@ AfmMetricsPtr NewAfmMetrics(const char* fontFile);
 // Reads an AFM file opened as text up to "EndFontMetrics" or its end. What it does not know it
 // skips. Returns 0; 11 when there is no memory for the kerning pairs; 27 when a read fails.
 Result ReadAfm(std::FILE* stream, AfmMetrics* metrics);
+
+// Like ReadAfm, but skips the characters and kerning pairs too, which are most of a file.
+Result ReadAfmHeader(std::FILE* stream, AfmMetrics* metrics);
 
 // Reads an INF file opened as text. The first menu name and style count. Returns 0, or 27 when a
 // read fails.

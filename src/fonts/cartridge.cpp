@@ -88,18 +88,6 @@ bool ReadFonts(std::FILE* stream, const Header& header, ZeCartridge* cartridge) 
 
 }  // namespace
 
-void FreeCartridge(ZeCartridge* cartridge) {
-  if (cartridge == nullptr) return;
-  for (ZeCartridgeFont* font = cartridge->fonts; font != nullptr;) {
-    ZeCartridgeFont* next = font->next;
-    std::free(font->name);
-    std::free(font);
-    font = next;
-  }
-  std::free(cartridge->name);
-  std::free(cartridge);
-}
-
 CartridgePtr ReadCartridge(std::FILE* stream) {
   Header header;
   if (!ReadHeader(stream, &header)) return nullptr;

@@ -4,12 +4,9 @@
 #include <cstdio>
 #include <memory>
 
-#include "zeapi.h"
+#include "files/found_files.h"
 
 namespace zeapi {
-
-// Releases a cartridge with its fonts and their names. Null is ignored.
-void FreeCartridge(ZeCartridge* cartridge);
 
 struct CartridgeFree {
   void operator()(ZeCartridge* cartridge) const { FreeCartridge(cartridge); }

@@ -10,7 +10,7 @@
 namespace zeapi {
 namespace {
 
-constexpr int kMostCharactersToW = 6;
+constexpr std::array<std::uint8_t, 3> kHeaderStart = {0x1B, ')', 's'};
 
 struct Layout {
   std::uint8_t headerFormat;
@@ -33,18 +33,6 @@ constexpr std::uint8_t kFontTypes[] = {0, 1, 2, 10, 11};
 
 int lastDescriptorClass = 0;
 
-bool SkipFontHeaderCommand(std::FILE* stream) {
-  std::array<std::uint8_t, 3> start;
-  constexpr std::array<std::uint8_t, 3> kStart = {0x1B, ')', 's'};
-  if (ReadUpTo(stream, start).size() != start.size() || start != kStart) return false;
-  for (int i = 0; i < kMostCharactersToW; ++i) {
-    const int c = std::getc(stream);
-    if (c == 'W') return true;
-    if (c == EOF) return false;
-  }
-  return false;
-}
-
 // The y resolution turns heights into points, so a font that says 0 cannot be described.
 bool ReadResolution(std::FILE* stream, PclFont* font) {
   std::array<std::uint8_t, 4> bytes;
@@ -61,9 +49,38 @@ bool IsScalablePcl(std::uint32_t format) {
          format == ZE_FONT_PCL_TRUETYPE;
 }
 
+bool ReadFontHeaderCommand(std::FILE* stream, FontHeaderCommand* command) {
+  const std::span start = std::span(command->room).first(kHeaderStart.size());
+  if (!std::ranges::equal(ReadUpTo(stream, start), kHeaderStart)) return false;
+  command->length = start.size();
+  while (command->length < command->room.size()) {
+    const int c = std::getc(stream);
+    if (c == EOF) return false;
+    command->room[command->length++] = static_cast<std::uint8_t>(c);
+    if (c == 'W') return true;
+  }
+  return false;
+}
+
+bool SkipPclHeaderCommand(std::FILE* stream, std::uint32_t* headerSize) {
+  FontHeaderCommand command;
+  if (!ReadFontHeaderCommand(stream, &command)) return false;
+  *headerSize = 0;
+  std::uint32_t size = 0;
+  const auto digits =
+      command.Bytes().subspan(kHeaderStart.size()).first(command.length - kHeaderStart.size() - 1);
+  for (const std::uint8_t digit : digits) {
+    if (digit < '0' || digit > '9') return true;
+    size = size * 10 + digit - '0';
+  }
+  *headerSize = size;
+  return true;
+}
+
 Stream OpenPclFont(const char* path) {
   Stream stream(platform::OpenStream(path, "rb"));
-  if (stream != nullptr && !SkipFontHeaderCommand(stream.get())) stream.reset();
+  FontHeaderCommand command;
+  if (stream != nullptr && !ReadFontHeaderCommand(stream.get(), &command)) stream.reset();
   return stream;
 }
 

@@ -1,7 +1,10 @@
 // PCL soft fonts: finding and classifying the font descriptor of a file.
 #pragma once
 
+#include <array>
+#include <cstdint>
 #include <cstdio>
+#include <span>
 
 #include "base/stream.h"
 #include "fonts/pcl_descriptor.h"
@@ -19,6 +22,20 @@ struct PclFont {
 
 // True for ZE_FONT_PCL_BOUND, ZE_FONT_PCL_UNBOUND and ZE_FONT_PCL_TRUETYPE.
 bool IsScalablePcl(std::uint32_t format);
+
+// The command that a PCL soft font begins with: ESC ")s", at most 6 characters that end with "W".
+struct FontHeaderCommand {
+  std::array<std::uint8_t, 9> room = {};
+  std::size_t length = 0;
+
+  std::span<const std::uint8_t> Bytes() const { return std::span(room).first(length); }
+};
+
+// Reads the command and leaves the stream behind it; false when the stream does not begin so.
+bool ReadFontHeaderCommand(std::FILE* stream, FontHeaderCommand* command);
+// Stands a stream behind the font header command with which the file begins, and tells how many bytes
+// the command says the header has: 0 when it says something else. False when there is no such command.
+bool SkipPclHeaderCommand(std::FILE* stream, std::uint32_t* headerSize);
 
 // Opens a file that begins with the font header command and stands the stream behind it. Null when
 // it cannot be opened or does not begin so.

@@ -1,5 +1,6 @@
 #include "fonts/pfm_block.h"
 
+#include <array>
 #include <cstdio>
 #include <string_view>
 
@@ -14,6 +15,7 @@ constexpr std::uint32_t kShortestFile = 256;
 constexpr std::size_t kSizeOffset = 2;
 constexpr std::size_t kItalicOffset = 80;
 constexpr std::size_t kWeightOffset = 83;
+constexpr std::size_t kDeviceOffset = 101;
 constexpr std::size_t kFaceOffset = 105;
 constexpr std::size_t kZeroWordOffset = 117;  // of the layout that is 32 bytes longer than it says
 constexpr std::uint32_t kLongerBy = 32;
@@ -68,6 +70,13 @@ PfmName PfmFontName(std::span<const std::uint8_t> block) {
   std::snprintf(name.text, sizeof(name.text), "%.*s%s%s", static_cast<int>(face.size()),
                 face.data(), italic ? " (It)" : "", bold ? " (Bd)" : "");
   return name;
+}
+
+std::string PfmDeviceName(std::FILE* stream, std::span<const std::uint8_t> block) {
+  std::array<std::uint8_t, 32> name;
+  const std::uint32_t offset = U32At(block, kDeviceOffset);
+  if (offset == 0 || !SeekTo(stream, offset)) return {};
+  return std::string(TextIn(ReadUpTo(stream, name)));
 }
 
 }  // namespace zeapi

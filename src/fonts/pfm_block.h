@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <cstdio>
 #include <span>
+#include <string>
 
 #include "base/c_heap.h"
 
@@ -30,6 +31,10 @@ struct PfmName {
 
 // The font's name; empty when its face name is empty or does not lie within the block.
 PfmName PfmFontName(std::span<const std::uint8_t> block);
+
+// The name of the device that the font is for, wherever in the file it stands: as many characters
+// as tell the devices apart. Empty when there is none.
+std::string PfmDeviceName(std::FILE* stream, std::span<const std::uint8_t> block);
 
 // The header's offset of the face name; 0 for a block that ends before it.
 std::uint32_t PfmFaceOffset(std::span<const std::uint8_t> block);

@@ -45,7 +45,7 @@ Result QueryAfm(const FontQuery& query) {
 
   const AfmMetricsPtr metrics = NewAfmMetrics(query.path);
   if (metrics == nullptr) return ZE_OUT_OF_MEMORY;
-  const Result afmRead = ReadAfm(afm.get(), metrics.get());
+  const Result afmRead = ReadAfmHeader(afm.get(), metrics.get());
   if (afmRead != ZE_OK) return afmRead;
   const Result infRead = inf != nullptr ? ReadInf(inf.get(), metrics.get()) : Result{ZE_OK};
   if (infRead != ZE_OK) return infRead;

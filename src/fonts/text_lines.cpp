@@ -10,18 +10,31 @@ constexpr std::string_view kWhiteSpace("\0 \t\n\v\f\r", 7);
 
 }  // namespace
 
+bool TextLines::Fill() {
+  if (begin_ < end_) return true;
+  begin_ = 0;
+  end_ = std::fread(block_.data(), 1, block_.size(), stream_);
+  return end_ > 0;
+}
+
 bool TextLines::Next(std::string_view* line) {
+  if (afterReturn_ && Fill() && block_[begin_] == '\n') ++begin_;
+  afterReturn_ = false;
+  if (!Fill()) return false;
   std::size_t length = 0;
-  int c = std::getc(stream_);
-  if (c == EOF) return false;
-  while (c != EOF && c != '\n' && c != '\r') {
-    if (length < room_.size()) room_[length++] = static_cast<char>(c);
-    c = std::getc(stream_);
+  bool ended = false;
+  while (!ended && Fill()) {
+    const auto from = block_.begin() + static_cast<std::ptrdiff_t>(begin_);
+    const auto to = block_.begin() + static_cast<std::ptrdiff_t>(end_);
+    const auto stop = std::find_if(from, to, [](char c) { return c == '\n' || c == '\r'; });
+    const std::size_t found = static_cast<std::size_t>(stop - from);
+    const std::size_t kept = std::min(found, room_.size() - length);
+    std::copy_n(from, kept, room_.data() + length);
+    length += kept;
+    begin_ += found;
+    ended = stop != to;
   }
-  if (c == '\r') {
-    const int next = std::getc(stream_);
-    if (next != '\n' && next != EOF) std::ungetc(next, stream_);
-  }
+  if (ended) afterReturn_ = block_[begin_++] == '\r';
   *line = {room_.data(), length};
   return true;
 }

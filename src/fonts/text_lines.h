@@ -8,7 +8,7 @@
 namespace zeapi {
 
 // Gives the lines of a stream one by one without their ends (LF, CR LF or CR). Of a line that is
-// longer than its room only the beginning is given.
+// longer than its room only the beginning is given. The stream is read ahead, in blocks.
 class TextLines {
  public:
   explicit TextLines(std::FILE* stream) : stream_(stream) {}
@@ -17,8 +17,15 @@ class TextLines {
   bool Next(std::string_view* line);
 
  private:
+  // Makes sure that there is a byte at `begin_`; false at the end.
+  bool Fill();
+
   std::FILE* stream_;
   std::array<char, 1024> room_;
+  std::array<char, 4096> block_;
+  std::size_t begin_ = 0;
+  std::size_t end_ = 0;
+  bool afterReturn_ = false;  // a line feed that comes next belongs to the line before
 };
 
 // The first word of `text`, which ends before white space or with the text; what follows it and the

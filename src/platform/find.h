@@ -8,9 +8,10 @@
 namespace zeapi::platform {
 
 struct FoundEntry {
-  std::string name;              // file name alone
-  std::uint32_t size = 0;        // low 32 bits
-  std::uint32_t attributes = 0;  // Windows attribute bits: 1 read-only, 16 directory, 32 archive
+  std::string name;        // file name alone
+  std::uint32_t size = 0;  // low 32 bits
+  // Windows attribute bits: 1 read-only, 16 directory, 32 archive, 1024 a link to a directory
+  std::uint32_t attributes = 0;
 };
 
 // One search, in the order of the file system on Windows and in the order of names elsewhere. "."
@@ -29,6 +30,22 @@ class DirectorySearch {
 
  private:
   struct State;
+  std::unique_ptr<State> state_;
+};
+
+// While one lives, the names of a folder need not be read again for each name that is looked up in
+// it without regard to case; what is created there under another case meanwhile may stay unseen.
+// Nothing to do on Windows. The inner one of two counts, and ends first.
+class FolderNames {
+ public:
+  explicit FolderNames(const char* folder);
+  ~FolderNames();
+  FolderNames(const FolderNames&) = delete;
+  FolderNames& operator=(const FolderNames&) = delete;
+
+  struct State;
+
+ private:
   std::unique_ptr<State> state_;
 };
 

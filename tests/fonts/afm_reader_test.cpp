@@ -20,6 +20,10 @@ class AfmReaderTest : public ScratchTest {
     EXPECT_EQ(Read(text, ReadAfm), ZE_OK);
     return *metrics_;
   }
+  const AfmMetrics& HeaderOf(const std::string& text) {
+    EXPECT_EQ(Read(text, ReadAfmHeader), ZE_OK);
+    return *metrics_;
+  }
   const AfmMetrics& Inf(const std::string& text) {
     EXPECT_EQ(Read(text, ReadInf), ZE_OK);
     return *metrics_;
@@ -46,6 +50,26 @@ TEST_F(AfmReaderTest, RecordStartsWithItsDefaults) {
   EXPECT_STREQ(metrics.fullName, "");
   EXPECT_STREQ(metrics.symbolSet, "9U");
   EXPECT_EQ(metrics.kernPairCount, 0U);
+}
+
+TEST_F(AfmReaderTest, HeaderAloneIsReadUpToTheEnd) {
+  const AfmMetrics& metrics = HeaderOf(
+      "FontName First\nStartCharMetrics 1\nC 65 ; WX 600 ; N A ;\nFontName Inside\n"
+      "EndCharMetrics\nStartKernData\nStartKernPairs 1\nKPX A V -80\nEndKernPairs\n"
+      "EndKernData\nFontName Last\nEndFontMetrics\nFontName Behind\n");
+  EXPECT_STREQ(metrics.fontName, "Last");
+  EXPECT_FALSE(metrics.byFontCode[65].present);
+  EXPECT_EQ(metrics.kernPairCount, 0U);
+}
+
+// The stream is read in blocks of 4096 bytes.
+TEST_F(AfmReaderTest, LinesAcrossTheEndOfABlock) {
+  for (std::size_t before = 4070; before < 4100; ++before) {
+    const std::string text = std::string(before, '\n') + "FontName Courier\r\nWeight Bold\r";
+    const AfmMetrics& metrics = Afm(text);
+    EXPECT_STREQ(metrics.fontName, "Courier") << before;
+    EXPECT_EQ(metrics.weight, 700) << before;
+  }
 }
 
 TEST_F(AfmReaderTest, Header) {

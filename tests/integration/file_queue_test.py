@@ -41,6 +41,19 @@ class FileQueueTest(job_case.JobCase):
         self.assertEqual(self.content("out.prn"), b"".join(writes))
         self.assertEqual(outcome.log, jobs.job_log("file", len(writes)))
 
+    def test_is_appended_to_by_a_font_job(self):
+        font = b"%!PS\n/FontName /Courier def\n" + b"x" * 5000
+        self.store("font.pfa", font)
+        self.store("out.prn", b"before\n")
+        outcome = self.call("font", "font.pfa", "out.prn", 2, f"flags={jobs.PJL}",
+                            f"language={jobs.PPDS}", "jobName=Fonts", "resourceId=10",
+                            "ppdsFontCode=0x1302", "ppdsFontSlot=7")
+        writes = jobs.font_job(b"Fonts", jobs.ENTER_PPDS, b"flash1",
+                               jobs.ppds_font(10, 0x1302, 7, font))
+        self.assertEqual(outcome.results, [0])
+        self.assertEqual(self.content("out.prn"), b"before\n" + b"".join(writes))
+        self.assertEqual(outcome.log, jobs.job_log("file", len(writes)))
+
     def test_repeats_plain_data_for_each_copy(self):
         self.store("page.prn", b"plain\r\n\x1a")
         outcome = self.call("file", "page.prn", "out.prn", "copies=3")

@@ -4,6 +4,7 @@
    job_caller file FILE PRINTER [name=value]...
    job_caller string TEXT PRINTER [name=value]...
    job_caller resource REQUEST PRINTER DEVICE [name=value]...
+   job_caller font FILE PRINTER TARGET [name=value]...
    job_caller type PRINTER-VALUE [times=n]
 
    The names are those of the destination's fields, and "append"; "times" repeats the call. */
@@ -33,6 +34,12 @@ static int SetOption(const char* option) {
     destination.language = (int32_t)number;
   else if (IS("copies"))
     destination.copies = (uint16_t)number;
+  else if (IS("resourceId"))
+    destination.resourceId = (uint16_t)number;
+  else if (IS("ppdsFontCode"))
+    destination.ppdsFontCode = (uint16_t)number;
+  else if (IS("ppdsFontSlot"))
+    destination.ppdsFontSlot = (uint16_t)number;
   else if (IS("bidiPort"))
     destination.bidiPort = (uint16_t)number;
   else if (IS("bidiHandle"))
@@ -58,6 +65,8 @@ static uint32_t Call(char** arguments) {
     return ZeDatSendString(arguments[1], arguments[2], &destination, append);
   if (strcmp(arguments[0], "resource") == 0)
     return ZeGenResource(atoi(arguments[1]), arguments[2], &destination, atoi(arguments[3]));
+  if (strcmp(arguments[0], "font") == 0)
+    return ZeFonDownload(arguments[1], arguments[2], &destination, atoi(arguments[3]));
   return ZeNetGetType((uint32_t)strtoul(arguments[1], NULL, 0));
 }
 
@@ -65,7 +74,7 @@ static int ArgumentCount(const char* call) {
   static const struct {
     const char* call;
     int count;
-  } calls[] = {{"file", 3}, {"string", 3}, {"resource", 4}, {"type", 2}};
+  } calls[] = {{"file", 3}, {"string", 3}, {"resource", 4}, {"font", 4}, {"type", 2}};
   for (size_t i = 0; i < sizeof(calls) / sizeof(calls[0]); ++i) {
     if (strcmp(call, calls[i].call) == 0) return calls[i].count;
   }

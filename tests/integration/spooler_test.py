@@ -11,6 +11,7 @@ import unittest
 
 import job_case
 import jobs
+import real_fonts
 from job_case import WINE
 from jobs import PRINTER_WRITE_FAILED
 from listener import Listener
@@ -79,6 +80,32 @@ class SpoolerTest(job_case.JobCase):
     def test_prints_a_resource_request(self):
         self.assert_arrives(jobs.format_job(b"disk1"), "Vantrel Job",
                             "resource", 3, QUEUE, 4, *PJL_PCL)
+
+    def test_prints_a_pcl_font(self):
+        font = (b"\x1b)s64W" + (64).to_bytes(2, "big") + b"\0\1" + bytes(10) + b"\x01\x15"
+                + bytes(32) + b"Courier".ljust(16) + bytes(range(256)) * 20)
+        self.store("font.sfp", font)
+        self.assert_arrives(jobs.font_job(b"Fonts", jobs.ENTER_PCL, b"flash1",
+                                          jobs.pcl_font(10, font)),
+                            "Fonts", "font", "font.sfp", QUEUE, 2, *PJL_PCL, "resourceId=10",
+                            "jobName=Fonts")
+
+    def test_prints_a_real_type_1_font(self):
+        font = real_fonts.read(self, "lmsy10.pfb")
+        self.store("lmsy10.pfb", font)
+        self.assert_arrives(jobs.font_job(b"Fonts", jobs.ENTER_POSTSCRIPT, b"disk1",
+                                          jobs.postscript_font(font)),
+                            "Fonts", "font", "lmsy10.pfb", QUEUE, 4, f"flags={jobs.PJL}",
+                            f"language={jobs.POSTSCRIPT}", "jobName=Fonts")
+
+    def test_prints_a_real_type_1_font_in_ppds_blocks(self):
+        font = real_fonts.read(self, "lmsy10.pfb")
+        self.store("lmsy10.pfb", font)
+        self.assert_arrives(jobs.font_job(b"Fonts", jobs.ENTER_PPDS, b"disk1",
+                                          jobs.ppds_font(300, 0x1302, 7, font)),
+                            "Fonts", "font", "lmsy10.pfb", QUEUE, 4, f"flags={jobs.PJL}",
+                            f"language={jobs.PPDS}", "resourceId=300", "ppdsFontCode=0x1302",
+                            "ppdsFontSlot=7", "jobName=Fonts")
 
     def test_names_a_document_without_a_job_name(self):
         self.assert_arrives([b"text"], "Vantrel Job", "string", "$text", QUEUE)

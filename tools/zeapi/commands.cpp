@@ -4,7 +4,7 @@ namespace tool {
 namespace {
 
 constexpr AddFamily kFamilies[] = {
-    AddInfo, AddSend, AddString, AddResource, AddFile, AddJob, AddArchive,
+    AddInfo, AddSend, AddString, AddFont, AddResource, AddFile, AddJob, AddRecord, AddArchive,
 };
 
 }  // namespace

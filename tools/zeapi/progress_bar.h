@@ -1,13 +1,29 @@
-// Progress as one line of text.
+// A bar for work that takes long: drawn on one line, over and over, and wiped away at the end.
 #pragma once
 
+#include <chrono>
 #include <cstdint>
-#include <string>
+#include <ostream>
 
 namespace tool {
 
-// "[#####     ]  50% name", always of the same width: a longer name loses its middle, control characters
-// become "?".
-std::string ProgressBar(std::uint64_t done, std::uint64_t whole, const std::string& name);
+class ProgressBar {
+ public:
+  // Nothing is drawn before `patience` has passed, so that short work leaves no trace.
+  ProgressBar(std::ostream& out, std::chrono::milliseconds patience);
+  ~ProgressBar();
+  ProgressBar(const ProgressBar&) = delete;
+  ProgressBar& operator=(const ProgressBar&) = delete;
+
+  // Draws when the percentage is another one than before.
+  void Show(std::uint32_t percent);
+
+ private:
+  std::ostream& out_;
+  std::chrono::steady_clock::time_point from_;
+  std::uint32_t shown_ = kNothing;
+
+  static constexpr std::uint32_t kNothing = 101;
+};
 
 }  // namespace tool

@@ -17,10 +17,16 @@ namespace {
 constexpr std::uint32_t kReadOnly = 1;
 constexpr std::uint32_t kDirectory = 16;
 constexpr std::uint32_t kArchive = 32;
+constexpr std::uint32_t kLink = 1024;
 
-// A folder is never shown as read-only: searches tell folders by the bare directory attribute.
-std::uint32_t Attributes(const struct stat& status) {
-  if (S_ISDIR(status.st_mode)) return kDirectory;
+// A folder is never shown as read-only: searches tell folders by the bare directory attribute. A link
+// to one shows as such, so that no search goes in circles.
+std::uint32_t Attributes(const char* path, const struct stat& status) {
+  if (S_ISDIR(status.st_mode)) {
+    struct stat itself;
+    const bool isLink = lstat(path, &itself) == 0 && S_ISLNK(itself.st_mode);
+    return kDirectory | (isLink ? kLink : 0);
+  }
   const bool writable = (status.st_mode & (S_IWUSR | S_IWGRP | S_IWOTH)) != 0;
   return kArchive | (writable ? 0 : kReadOnly);
 }
@@ -69,10 +75,11 @@ bool DirectorySearch::Next(FoundEntry* entry) {
     std::string& name = state_->names[state_->next++];
     struct stat status;
     // Gone since the folder was read, or a link to nothing: passed over.
-    if (stat((state_->folder + name).c_str(), &status) != 0) continue;
+    const std::string path = state_->folder + name;
+    if (stat(path.c_str(), &status) != 0) continue;
     entry->name = std::move(name);
     entry->size = S_ISDIR(status.st_mode) ? 0 : static_cast<std::uint32_t>(status.st_size);
-    entry->attributes = Attributes(status);
+    entry->attributes = Attributes(path.c_str(), status);
     return true;
   }
   return false;

@@ -8,6 +8,8 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "platform/posix/folder_names.h"
+
 namespace zeapi::platform {
 namespace {
 
@@ -35,6 +37,9 @@ bool WriteDrive(char letter, HostPath* host) {
 // Replaces the component at `name`, the last one of the host path, by the first entry of its folder
 // that equals it but for case. False when there is none.
 bool MatchComponent(HostPath* host, char* name) {
+  const auto folderLength = static_cast<std::size_t>(name - host->text);
+  const KeptName kept = MatchKeptName(host->text, folderLength, name);
+  if (kept != KeptName::kUnknown) return kept == KeptName::kMatched;
   const char saved = *name;
   *name = '\0';
   DIR* folder = opendir(host->text[0] == '\0' ? "." : host->text);

@@ -29,4 +29,10 @@ bool DirectorySearch::Next(FoundEntry* entry) {
   return true;
 }
 
+struct FolderNames::State {};
+
+FolderNames::FolderNames(const char*) {}
+
+FolderNames::~FolderNames() = default;
+
 }  // namespace zeapi::platform

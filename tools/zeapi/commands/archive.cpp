@@ -3,7 +3,7 @@
 #include <memory>
 
 #include "commands.h"
-#include "progress_bar.h"
+#include "file_progress.h"
 
 namespace tool {
 namespace {
@@ -36,7 +36,8 @@ std::uint32_t ZEAPI_CALL OnFile(const char* name, std::uint32_t compressedSize,
                         {"percentage", percentage}};
     extraction.session.Out() << ToLine(event) << '\n';
   } else if (extraction.showsBar) {
-    extraction.session.Err() << '\r' << ProgressBar(extraction.done, extraction.archiveSize, name)
+    extraction.session.Err() << '\r'
+                             << FileProgressLine(extraction.done, extraction.archiveSize, name)
                              << std::flush;
   }
   return 0;
@@ -54,7 +55,7 @@ Report Extract(const ExtractOptions& options, Session& session) {
   extractionInForce = nullptr;
   if (extraction.showsBar && !session.WantsJson() && extraction.files > 0) {
     if (report.result == ZE_OK)
-      session.Err() << '\r' << ProgressBar(1, 1, std::to_string(extraction.files) + " files");
+      session.Err() << '\r' << FileProgressLine(1, 1, std::to_string(extraction.files) + " files");
     session.Err() << '\n';
   }
   report.done = "Extracted " + std::to_string(extraction.files) + " files from " + named + ".";
