@@ -30,10 +30,13 @@ class ArchiveTest : public ScratchTest {
   std::uint32_t ExplodeTold(const ZipArchive& archive, const char* pattern = nullptr);
   static const std::vector<Progress>& progress() { return progress_; }
 
-  // Everything below the current directory: "a/b=content" of files, "a/" of folders, sorted.
+  // Removes all that is below the current directory.
+  static void Empty();
+  // Everything below it: "a/b=content" of files, "a/" of folders, sorted.
   static std::vector<std::string> Tree();
 
  private:
+  static void WriteArchive(const std::string& bytes);
   static std::uint32_t ZEAPI_CALL OnProgress(const char* name, std::uint32_t compressedSize,
                                              std::uint32_t percentage);
   static std::vector<Progress> progress_;
