@@ -1,6 +1,7 @@
 #include "archive/implode_encoder.h"
 
 #include <algorithm>
+#include <deque>
 #include <numeric>
 
 #include "archive/match_finder.h"
@@ -26,23 +27,21 @@ struct Tree {
 
 // Leaves are split in two until there are enough of them.
 std::vector<unsigned> RandomTree(unsigned symbols, TreeShape shape, Random& random) {
-  std::vector<unsigned> leaves = {0};
-  while (leaves.size() < symbols) {
-    std::size_t leaf = Below(random, static_cast<unsigned>(leaves.size()));
-    if (shape == TreeShape::kFlat)
-      leaf =
-          static_cast<std::size_t>(std::min_element(leaves.begin(), leaves.end()) - leaves.begin());
-    if (shape == TreeShape::kDeep) {
-      // The deepest that can still be split.
-      for (std::size_t i = 0; i < leaves.size(); ++i) {
-        if (leaves[i] < kDeepest && (leaves[leaf] == kDeepest || leaves[i] > leaves[leaf]))
-          leaf = i;
-      }
+  std::deque<unsigned> open = {0};
+  std::vector<unsigned> leaves;  // those that are too deep to be split, in the end all
+  while (open.size() + leaves.size() < symbols) {
+    if (shape == TreeShape::kRandom)
+      std::swap(open[Below(random, static_cast<unsigned>(open.size()))], open.back());
+    const unsigned depth = 1 + (shape == TreeShape::kFlat ? open.front() : open.back());
+    shape == TreeShape::kFlat ? open.pop_front() : open.pop_back();
+    for (int half = 0; half < 2; ++half) {
+      if (depth < kDeepest)
+        open.push_back(depth);
+      else
+        leaves.push_back(depth);
     }
-    if (leaves[leaf] == kDeepest) continue;
-    ++leaves[leaf];
-    leaves.push_back(leaves[leaf]);
   }
+  leaves.insert(leaves.end(), open.begin(), open.end());
   std::shuffle(leaves.begin(), leaves.end(), random);
   return leaves;
 }
@@ -87,8 +86,9 @@ std::string Implode(std::string_view plain, ImplodeForm form, TreeShape shape, R
   if (form.literalTree) PutTree(literals.lengths, &bits);
   PutTree(lengths.lengths, &bits);
   PutTree(distances.lengths, &bits);
+  MatchFinder finder(plain, std::size_t{64} << lowBits, least + 63 + 255);
   for (std::size_t at = 0; at < plain.size();) {
-    const Match match = FindMatch(plain, at, std::size_t{64} << lowBits, least + 63 + 255, random);
+    const Match match = finder.Find(at, random);
     if (match.length < least) {
       const auto literal = static_cast<unsigned char>(plain[at++]);
       bits.Put(1, 1);

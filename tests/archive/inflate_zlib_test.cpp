@@ -58,7 +58,7 @@ TEST(InflateZlib, RandomMembersOfEveryLevelAndStrategyComeBack) {
   Random random(21);
   for (int i = 0; i < 10000; ++i) {
     const Habits habits = {i % 10, kStrategies[i / 10 % 5], 9 + i / 50 % 7, 1 + i / 350 % 9};
-    const std::string plain = RandomData(random, 600);
+    const std::string plain = RandomData(random, 400);
     const std::string packed = Deflated(plain, habits, i % 3 == 0 ? &random : nullptr);
     ASSERT_NO_FATAL_FAILURE(ExpectBack(packed, plain, static_cast<unsigned>(i) % 5)) << i;
   }

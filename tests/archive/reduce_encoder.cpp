@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <array>
-#include <set>
+#include <bitset>
 #include <vector>
 
 #include "archive/bit_writer.h"
@@ -18,9 +18,10 @@ std::string MarkRepeats(std::string_view plain, unsigned factor, Random& random)
   const unsigned lengthBits = 8 - factor;
   const std::size_t mask = (1U << lengthBits) - 1;
   const std::size_t farthest = std::size_t{1} << (8 + factor);
+  MatchFinder finder(plain, farthest, mask + 255 + 3);
   std::string marked;
   for (std::size_t at = 0; at < plain.size();) {
-    const Match match = FindMatch(plain, at, farthest, mask + 255 + 3, random);
+    const Match match = finder.Find(at, random);
     const std::size_t length = match.length - 3;
     const std::size_t distance = match.distance - 1;
     const std::size_t low = match.length < 3 ? 0 : std::min(length, mask);
@@ -44,17 +45,18 @@ using FollowerSets = std::array<std::vector<char>, 256>;
 
 FollowerSets ChooseFollowers(const std::string& marked, const ReduceHabits& habits,
                              Random& random) {
-  std::array<std::set<char>, 256> seen;
+  std::vector<std::bitset<256>> seen(256);
   unsigned char before = 0;
   for (const char c : marked) {
-    seen[before].insert(c);
+    seen[before].set(static_cast<unsigned char>(c));
     before = static_cast<unsigned char>(c);
   }
   FollowerSets sets;
   for (std::size_t byte = 0; byte < 256; ++byte) {
     const unsigned most = Below(random, habits.mostFollowers + 1);
-    for (const char c : seen[byte]) {
-      if (sets[byte].size() < most) sets[byte].push_back(c);
+    if (seen[byte].none()) continue;
+    for (std::size_t c = 0; c < 256 && sets[byte].size() < most; ++c) {
+      if (seen[byte][c]) sets[byte].push_back(static_cast<char>(c));
     }
   }
   return sets;

@@ -24,7 +24,7 @@ struct Entry {
 class Shrinker {
  public:
   Shrinker(std::string_view plain, const ShrinkHabits& habits, Random& random, ShrinkFacts* facts)
-      : rest_(plain), habits_(habits), random_(random), facts_(facts), entries_(kEnd) {}
+      : rest_(plain), habits_(habits), random_(random), facts_(facts), entries_(kFirst) {}
 
   std::string Run() {
     while (!rest_.empty()) {
@@ -33,6 +33,7 @@ class Shrinker {
       unsigned code = Longest();
       if (width_ < 13 && OneIn(habits_.widenOneIn)) Widen();
       while (code >= 1U << width_) Widen();
+      if (code >= entries_.size()) entries_.resize(code + 1);
       const bool isNew = code >= kFirst && !entries_[code].used;
       facts_->newest += isNew;
       bits_.Put(code, width_);
@@ -51,10 +52,9 @@ class Shrinker {
     return code < kOrder ? std::string(1, static_cast<char>(code)) : entries_[code].text;
   }
 
-  unsigned NextFree() const {
-    unsigned code = kFirst;
-    while (code < kEnd && entries_[code].used) ++code;
-    return code;
+  unsigned NextFree() {
+    while (nextFree_ < entries_.size() && entries_[nextFree_].used) ++nextFree_;
+    return nextFree_;
   }
 
   bool IsSound(unsigned code) const { return code < kOrder || entries_[code].sound; }
@@ -82,6 +82,7 @@ class Shrinker {
   void Add(char first) {
     const unsigned code = NextFree();
     if (code == kEnd) return;
+    if (code >= entries_.size()) entries_.resize(code + 1);
     Entry& entry = entries_[code];
     entry.used = true;
     entry.parent = previous_;
@@ -102,15 +103,16 @@ class Shrinker {
     ++facts_->clears;
     ++facts_->clearedAt[width_];
     std::vector<bool> isParent(kEnd);
-    for (unsigned code = kFirst; code < kEnd; ++code) {
+    for (unsigned code = kFirst; code < entries_.size(); ++code) {
       if (entries_[code].used) isParent[entries_[code].parent] = true;
     }
-    for (unsigned code = kFirst; code < kEnd; ++code) {
+    for (unsigned code = kFirst; code < entries_.size(); ++code) {
       if (!entries_[code].used || isParent[code]) continue;
       const auto known = codes_.find(entries_[code].text);
       if (known != codes_.end() && known->second == code) codes_.erase(known);
       entries_[code] = Entry();
     }
+    nextFree_ = kFirst;
   }
 
   void Order(unsigned order) {
@@ -125,6 +127,7 @@ class Shrinker {
   std::vector<Entry> entries_;
   std::map<std::string, unsigned, std::less<>> codes_;
   std::size_t longest_ = 1;
+  unsigned nextFree_ = kFirst;
   unsigned width_ = 9;
   unsigned previous_ = kNone;
   BitWriter bits_;

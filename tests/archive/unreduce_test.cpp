@@ -109,7 +109,7 @@ TEST(Unreduce, RandomMembersComeBack) {
   Random random(7);
   for (unsigned i = 0; i < 40000; ++i) {
     const unsigned factor = 1 + i % 4;
-    const std::string plain = RandomData(random, 500);
+    const std::string plain = RandomData(random, 150);
     const ReduceHabits habits = {Below(random, 33), Below(random, 2) * Below(random, 10)};
     const std::string packed = Reduce(plain, factor, habits, random);
     ASSERT_TRUE(Unreduced(packed, factor, plain.size(), i % 7) == plain) << i;

@@ -107,7 +107,7 @@ TEST(Unshrink, ClearsAtEveryWidth) {
   std::string plain;
   for (int i = 0; i < 30000; ++i) plain += static_cast<char>(Below(random, 200));
   ShrinkFacts facts;
-  const std::string packed = Shrink(plain, {600, 4000, 0}, random, &facts);
+  const std::string packed = Shrink(plain, {100, 2000, 0}, random, &facts);
   for (unsigned width = 9; width <= 13; ++width) EXPECT_GT(facts.clearedAt[width], 0U) << width;
   EXPECT_TRUE(Unshrunk(packed, plain.size()) == plain);
 }
@@ -116,7 +116,7 @@ TEST(Unshrink, RandomMembersComeBack) {
   Random random(4);
   ShrinkFacts all;
   for (int i = 0; i < 10000; ++i) {
-    const std::string plain = RandomData(random, 400);
+    const std::string plain = RandomData(random, 200);
     const ShrinkHabits habits = {Below(random, 3) == 0 ? 0 : 1 + Below(random, 60),
                                  Below(random, 3) == 0 ? 1 + Below(random, 100) : 0,
                                  Below(random, 2) == 0 ? 1 + Below(random, 20) : 0};
