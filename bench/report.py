@@ -19,6 +19,23 @@ ROWS = [
      lambda ratio, rate: ratio <= 0.1),
     ("FontFindTwice", "20,000 fonts listed", "10,000 fonts listed", "2.50 or less",
      lambda ratio, rate: ratio <= 2.5),
+    ("InflateBesideZlib", "Deflate in memory", "zlib, in the same blocks", "0.555 or less",
+     lambda ratio, rate: ratio <= 1 / 1.8),
+    ("InflateBesideLibdeflate", "Deflate in memory", "libdeflate, whole buffers", "1.33 or less",
+     lambda ratio, rate: ratio <= 1 / 0.75),
+    ("CrcBesideZlib", "CRC-32", "zlib", "1.00 or less", lambda ratio, rate: ratio <= 1),
+    ("CrcBesideLibdeflate", "CRC-32", "libdeflate", "1.25 or less",
+     lambda ratio, rate: ratio <= 1.25),
+    ("ExtractCorpus/unzip", "110 MiB extracted, processor time", "`unzip`", "1.00 or less",
+     lambda ratio, rate: ratio <= 1),
+    ("ExtractCorpus/7z", "110 MiB extracted, processor time", "`7z x`", "1.00 or less",
+     lambda ratio, rate: ratio <= 1),
+    ("ExtractCorpus/bsdtar", "110 MiB extracted, processor time", "`bsdtar -x`", "1.00 or less",
+     lambda ratio, rate: ratio <= 1),
+    ("ExtractSmallFiles", "60,000 small files extracted, processor time", "`bsdtar -x`",
+     "1.00 or less", lambda ratio, rate: ratio <= 1),
+    ("ExtractTwiceAsMany", "a file of 60,000, processor time", "a file of 30,000", "1.10 or less",
+     lambda ratio, rate: ratio <= 1.1),
 ]
 
 
