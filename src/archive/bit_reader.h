@@ -25,6 +25,9 @@ inline std::uint64_t LoadLe64(const std::uint8_t* bytes) {
 
 // The bits of a block that are taken and not yet used. `buffer` may hold more than `count` bits: then
 // they are those of the bytes at `next`, which the next refill puts into the same place again.
+//
+// A loop may subtract whole table entries from `count`, whose low bits are what is to be dropped: only
+// its low six bits mean anything until Tidy().
 struct BitCursor {
   std::uint64_t buffer = 0;
   unsigned count = 0;
@@ -33,10 +36,15 @@ struct BitCursor {
 
   // At least eight bytes must be left.
   void RefillWord() {
-    buffer |= LoadLe64(next) << count;
-    next += (63 - count) >> 3;
+    buffer |= LoadLe64(next) << (count & 63);
+    next += ~count >> 3 & 7;
     count |= 56;
   }
+  void DropEntry(std::uint32_t entry) {
+    buffer >>= entry & 63;
+    count -= entry;
+  }
+  void Tidy() { count &= 63; }
   void Drop(unsigned bits) {
     buffer >>= bits;
     count -= bits;

@@ -23,7 +23,7 @@ constexpr std::uint64_t FoldFactor(unsigned power) {
 }
 
 constexpr std::size_t kBlock = 16;
-constexpr std::size_t kLanes = 4;
+constexpr std::size_t kLanes = 8;  // as many multiplications as can be under way at once
 
 // The low half is worth 64 bits more than the high half; a product of 64 and 32 bits is worth 32 less
 // than its width says.
@@ -56,25 +56,23 @@ ZEAPI_MULTIPLIES inline __m128i Fold(__m128i value, __m128i factors, __m128i nex
 
 // At least one block for each lane.
 ZEAPI_MULTIPLIES std::uint32_t FoldAll(std::uint32_t crc, std::span<const std::uint8_t> bytes) {
+  constexpr std::size_t kRound = kLanes * kBlock;
   const std::uint8_t* at = bytes.data();
   std::size_t left = bytes.size();
-  __m128i a = _mm_xor_si128(Load(at), _mm_cvtsi32_si128(static_cast<int>(crc)));
-  __m128i b = Load(at + kBlock);
-  __m128i c = Load(at + 2 * kBlock);
-  __m128i d = Load(at + 3 * kBlock);
+  __m128i lanes[kLanes];
+  for (std::size_t i = 0; i < kLanes; ++i) lanes[i] = Load(at + i * kBlock);
+  lanes[0] = _mm_xor_si128(lanes[0], _mm_cvtsi32_si128(static_cast<int>(crc)));
   const __m128i overLanes = Load(kOverLanes);
-  for (at += kLanes * kBlock, left -= kLanes * kBlock; left >= kLanes * kBlock;
-       at += kLanes * kBlock, left -= kLanes * kBlock) {
-    a = Fold(a, overLanes, Load(at));
-    b = Fold(b, overLanes, Load(at + kBlock));
-    c = Fold(c, overLanes, Load(at + 2 * kBlock));
-    d = Fold(d, overLanes, Load(at + 3 * kBlock));
+  for (at += kRound, left -= kRound; left >= kRound; at += kRound, left -= kRound) {
+    for (std::size_t i = 0; i < kLanes; ++i)
+      lanes[i] = Fold(lanes[i], overLanes, Load(at + i * kBlock));
   }
   const __m128i overOne = Load(kOverOne);
-  a = Fold(Fold(Fold(a, overOne, b), overOne, c), overOne, d);
-  for (; left >= kBlock; at += kBlock, left -= kBlock) a = Fold(a, overOne, Load(at));
+  __m128i all = lanes[0];
+  for (std::size_t i = 1; i < kLanes; ++i) all = Fold(all, overOne, lanes[i]);
+  for (; left >= kBlock; at += kBlock, left -= kBlock) all = Fold(all, overOne, Load(at));
   std::uint8_t last[kBlock];
-  _mm_storeu_si128(reinterpret_cast<__m128i*>(last), a);
+  _mm_storeu_si128(reinterpret_cast<__m128i*>(last), all);
   return Crc32WithTables(Crc32WithTables(0, last), {at, left});
 }
 

@@ -17,14 +17,22 @@ enum class Outcome { kMore, kEndOfBlock, kBad };
 constexpr std::uint32_t kLiteralMask = (1U << InflateTables::kLiteralBits) - 1;
 constexpr std::uint32_t kDistanceMask = (1U << InflateTables::kDistanceBits) - 1;
 constexpr std::size_t kLongestMatch = 258;
-// One round of the fast loop takes two words of input at most and makes three literals and a match.
+// One round of the fast loop takes two words of input at most and makes two literals, and then another
+// one or a match.
 constexpr std::ptrdiff_t kInputMargin = BitReader::kPiece;
-constexpr std::size_t kWindowMargin = 3 + kLongestMatch + kCopySlack;
+constexpr std::size_t kLastRound = Window::kSize - 4;  // the window must not become full
+constexpr std::size_t kLastMatch = Window::kSize - kLongestMatch - kCopySlack;
 
 // Value of a symbol with its extra bits, which follow the code at the low end of `buffer`.
 std::uint32_t WithExtraBits(std::uint32_t entry, std::uint64_t buffer) {
   const std::uint64_t bits = buffer & ((std::uint64_t{1} << EntryDrop(entry)) - 1);
   return EntryValue(entry) + static_cast<std::uint32_t>(bits >> EntryCodeBits(entry));
+}
+
+// The same for the fast loop: without the masks that shifts and entries of values make needless.
+std::uint32_t Value(std::uint32_t entry, std::uint64_t buffer) {
+  const std::uint64_t bits = buffer & ((std::uint64_t{1} << (entry & 63)) - 1);
+  return (entry >> 16) + static_cast<std::uint32_t>(bits >> (entry >> 8 & 63));
 }
 
 std::uint32_t Index(std::uint64_t buffer, std::uint32_t mask) {
@@ -132,10 +140,8 @@ Outcome Inflater::Fast() {
   bits_.Join();
   BitCursor in = bits_.cursor();
   std::size_t position = window_.position();
-  if (in.end - in.next < kInputMargin || position > Window::kSize - kWindowMargin)
-    return Outcome::kMore;
+  if (in.end - in.next < kInputMargin || position > kLastRound) return Outcome::kMore;
   const std::uint8_t* const inputLimit = in.end - kInputMargin;
-  constexpr std::size_t kPositionLimit = Window::kSize - kWindowMargin;
   const bool goneRound = window_.history() == Window::kSize;
   const std::uint32_t* const literals = tables_.literals();
   const std::uint32_t* const distances = tables_.distances();
@@ -147,19 +153,19 @@ Outcome Inflater::Fast() {
   for (;;) {
     // At least 56 bits are ready: three literals of the main table take 33 of them.
     if ((entry & kEntryLiteral) != 0) {
-      in.Drop(EntryDrop(entry));
-      bytes[position++] = static_cast<std::uint8_t>(EntryValue(entry));
+      in.DropEntry(entry);
+      bytes[position++] = static_cast<std::uint8_t>(entry >> 16);
       entry = literals[Index(in.buffer, kLiteralMask)];
       if ((entry & kEntryLiteral) != 0) {
-        in.Drop(EntryDrop(entry));
-        bytes[position++] = static_cast<std::uint8_t>(EntryValue(entry));
+        in.DropEntry(entry);
+        bytes[position++] = static_cast<std::uint8_t>(entry >> 16);
         entry = literals[Index(in.buffer, kLiteralMask)];
         if ((entry & kEntryLiteral) != 0) {
-          in.Drop(EntryDrop(entry));
-          bytes[position++] = static_cast<std::uint8_t>(EntryValue(entry));
-          if (in.next > inputLimit || position > kPositionLimit) break;
-          in.RefillWord();
+          in.DropEntry(entry);
+          bytes[position++] = static_cast<std::uint8_t>(entry >> 16);
+          if (in.next > inputLimit || position > kLastRound) break;
           entry = literals[Index(in.buffer, kLiteralMask)];
+          in.RefillWord();
           continue;
         }
       }
@@ -167,30 +173,31 @@ Outcome Inflater::Fast() {
     // Two literals at most are gone; 34 bits are left, enough for a length of 20.
     if ((entry & kEntrySpecial) != 0) {
       if ((entry & kEntryTable) != 0) {
-        in.Drop(EntryDrop(entry));
+        in.DropEntry(entry);
         entry = InTable(literals, entry, in.buffer);
       }
       if ((entry & kEntryLiteral) != 0) {
-        in.Drop(EntryDrop(entry));
-        bytes[position++] = static_cast<std::uint8_t>(EntryValue(entry));
-        if (in.next > inputLimit || position > kPositionLimit) break;
-        in.RefillWord();
+        in.DropEntry(entry);
+        bytes[position++] = static_cast<std::uint8_t>(entry >> 16);
+        if (in.next > inputLimit || position > kLastRound) break;
         entry = literals[Index(in.buffer, kLiteralMask)];
+        in.RefillWord();
         continue;
       }
       if ((entry & kEntrySpecial) != 0) {
-        in.Drop(EntryDrop(entry));
+        in.DropEntry(entry);
         outcome = (entry & kEntryEnd) != 0 ? Outcome::kEndOfBlock : Outcome::kBad;
         break;
       }
     }
-    const std::uint32_t length = WithExtraBits(entry, in.buffer);
-    in.Drop(EntryDrop(entry));
-    in.RefillWord();
+    const std::uint32_t length = Value(entry, in.buffer);
+    in.DropEntry(entry);
+    // Looked up in the 14 bits that are left at least, so that nothing waits for the refill.
     entry = distances[Index(in.buffer, kDistanceMask)];
+    in.RefillWord();
     if ((entry & kEntrySpecial) != 0) {
       if ((entry & kEntryTable) != 0) {
-        in.Drop(EntryDrop(entry));
+        in.DropEntry(entry);
         entry = InTable(distances, entry, in.buffer);
       }
       if ((entry & kEntrySpecial) != 0) {
@@ -198,25 +205,30 @@ Outcome Inflater::Fast() {
         break;
       }
     }
-    const std::uint32_t distance = WithExtraBits(entry, in.buffer);
-    in.Drop(EntryDrop(entry));
+    const std::uint32_t distance = Value(entry, in.buffer);
+    in.DropEntry(entry);
     // 28 bits are left, enough to look the next code up while the match is copied.
     entry = literals[Index(in.buffer, kLiteralMask)];
-    if (distance <= position) {
+    if (distance <= position && position <= kLastMatch) {
       CopyMatch(bytes + position, distance, length);
     } else {
-      if (!goneRound) {
+      if (distance > position && !goneRound) {
         outcome = Outcome::kBad;
+        break;
+      }
+      if (position > kLastMatch) {
+        window_.SetPosition(position);
+        window_.Copy(distance, length);
+        position = window_.position();
         break;
       }
       CopyRound(bytes, Window::kSize, position, distance, length);
     }
     position += length;
-    if (in.next > inputLimit || position > kPositionLimit) break;
+    if (in.next > inputLimit || position > kLastRound) break;
     in.RefillWord();
   }
-  // Bits that only the bytes to come account for are theirs again.
-  in.buffer &= (std::uint64_t{1} << in.count) - 1;
+  in.Tidy();
   bits_.SetCursor(in);
   window_.SetPosition(position);
   return outcome;

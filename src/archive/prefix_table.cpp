@@ -58,38 +58,26 @@ std::uint32_t NextCode(std::uint32_t code, unsigned length) {
 class Builder {
  public:
   Builder(const PrefixCode& code, std::span<std::uint32_t> table)
-      : code_(code), table_(table), counts_(CountLengths(code.lengths)), left_(counts_) {}
+      : code_(code), table_(table), left_(CountLengths(code.lengths)) {}
 
   bool Build() {
-    if (!LengthsWillDo()) return false;
+    if (table_.size() < std::size_t{1} << code_.mainBits || !LengthsWillDo()) return false;
     Sort();
-    used_ = std::size_t{1} << code_.mainBits;
-    if (used_ > table_.size()) return false;
-    std::uint32_t bits = 0;
-    for (std::size_t i = 0; i < codes_; ++i) {
-      const std::uint16_t symbol = sorted_[i];
-      const unsigned length = code_.lengths[symbol];
-      if (!Enter(bits, length, code_.symbols[symbol])) return false;
-      --left_[length];
-      bits = NextCode(bits, length);
-    }
-    return true;
+    FillMain();
+    return FillOthers();
   }
 
  private:
   bool LengthsWillDo() {
-    longest_ = LongestOf(counts_);
-    const int left = SpaceLeft(counts_);
-    if (left == 0) return true;
-    if (left < 0 || !code_.mayBeSparse || longest_ > 1) return false;
-    std::fill(table_.begin(), table_.end(), kEntrySpecial);
-    return true;
+    longest_ = LongestOf(left_);
+    const int space = SpaceLeft(left_);
+    return space == 0 || (space > 0 && code_.mayBeSparse && longest_ <= 1);
   }
 
   void Sort() {
     Counts starts = {};
     for (unsigned length = 1; length < kLongestCode; ++length)
-      starts[length + 1] = static_cast<std::uint16_t>(starts[length] + counts_[length]);
+      starts[length + 1] = static_cast<std::uint16_t>(starts[length] + left_[length]);
     for (std::size_t symbol = 0; symbol < code_.lengths.size(); ++symbol) {
       const std::uint8_t length = code_.lengths[symbol];
       if (length == 0) continue;
@@ -98,44 +86,65 @@ class Builder {
     }
   }
 
-  bool Enter(std::uint32_t bits, unsigned length, std::uint32_t symbol) {
-    if (code_.order == CodeOrder::kDown) bits = ~bits & ((1U << length) - 1);
-    if (length <= code_.mainBits) {
-      Fill(table_.first(std::size_t{1} << code_.mainBits), bits, length, symbol);
-      return true;
-    }
-    const std::uint32_t prefix = bits & ((1U << code_.mainBits) - 1);
-    if (!haveTable_ || prefix != tablePrefix_) {
-      const unsigned size = TableBits(left_, length, longest_, code_.mainBits);
-      if (table_.size() - used_ < std::size_t{1} << size) return false;
-      haveTable_ = true;
-      tablePrefix_ = prefix;
-      current_ = table_.subspan(used_, std::size_t{1} << size);
-      table_[prefix] = static_cast<std::uint32_t>(used_) << 16 | kEntrySpecial | kEntryTable |
-                       size << 8 | code_.mainBits;
-      used_ += current_.size();
-    }
-    Fill(current_, bits >> code_.mainBits, length - code_.mainBits, symbol);
-    return true;
+  std::uint32_t Place(unsigned length) const {
+    return code_.order == CodeOrder::kUp ? bits_ : ~bits_ & ((1U << length) - 1);
   }
 
-  static void Fill(std::span<std::uint32_t> table, std::uint32_t bits, unsigned length,
-                   std::uint32_t symbol) {
-    const std::uint32_t entry = symbol + length + (length << 8);
-    for (std::size_t i = bits; i < table.size(); i += std::size_t{1} << length) table[i] = entry;
+  std::uint32_t Entry(std::uint16_t symbol, unsigned length) const {
+    return code_.symbols[symbol] + length + (length << 8);
+  }
+
+  // The table for each length is the one for the length before, twice, and the codes of that length. So
+  // at last each entry stands wherever the bits behind its code do not matter.
+  void FillMain() {
+    table_[0] = kEntrySpecial;
+    for (unsigned length = 1; length <= code_.mainBits; ++length) {
+      const auto half = static_cast<std::ptrdiff_t>(std::size_t{1} << (length - 1));
+      std::copy(table_.begin(), table_.begin() + half, table_.begin() + half);
+      for (; left_[length] > 0; --left_[length]) {
+        table_[Place(length)] = Entry(sorted_[next_++], length);
+        bits_ = NextCode(bits_, length);
+      }
+    }
+  }
+
+  // Codes that begin alike follow one another.
+  bool FillOthers() {
+    std::size_t used = std::size_t{1} << code_.mainBits;
+    std::span<std::uint32_t> current;
+    std::uint32_t currentStart = 0;
+    while (next_ < codes_) {
+      const std::uint16_t symbol = sorted_[next_++];
+      const unsigned length = code_.lengths[symbol];
+      const std::uint32_t place = Place(length);
+      const std::uint32_t start = place & ((1U << code_.mainBits) - 1);
+      if (current.empty() || start != currentStart) {
+        const unsigned bits = TableBits(left_, length, longest_, code_.mainBits);
+        const std::size_t size = std::size_t{1} << bits;
+        if (table_.size() - used < size) return false;
+        current = table_.subspan(used, size);
+        currentStart = start;
+        table_[start] = static_cast<std::uint32_t>(used) << 16 | kEntrySpecial | kEntryTable |
+                        bits << 8 | code_.mainBits;
+        used += size;
+      }
+      const unsigned rest = length - code_.mainBits;
+      for (std::size_t i = place >> code_.mainBits; i < current.size(); i += std::size_t{1} << rest)
+        current[i] = Entry(symbol, rest);
+      --left_[length];
+      bits_ = NextCode(bits_, length);
+    }
+    return true;
   }
 
   const PrefixCode& code_;
   std::span<std::uint32_t> table_;
-  std::span<std::uint32_t> current_;
-  Counts counts_;
-  Counts left_;
+  Counts left_;  // codes of each length that are not in the table yet
   std::array<std::uint16_t, kMostSymbols> sorted_;
   std::size_t codes_ = 0;
-  std::size_t used_ = 0;
+  std::size_t next_ = 0;    // in sorted_
+  std::uint32_t bits_ = 0;  // the next code, as an index of kUp
   unsigned longest_ = 0;
-  std::uint32_t tablePrefix_ = 0;
-  bool haveTable_ = false;
 };
 
 }  // namespace

@@ -55,14 +55,14 @@ class ArchiveFaultTest : public ArchiveTest {
   }
 
   // `check` hears of each failure: what failed and the result.
-  void FailEach(ZeZipProgress progress,
+  void FailEach(ZeZipProgress told,
                 const std::function<void(const std::string&, std::uint32_t)>& check) {
     int points = 0;
     for (int failing = 1;; ++failing) {
       Clean();
       const std::size_t before = OpenDescriptors();
       ArmFault(failing);
-      const std::uint32_t result = ZeZipExplode(kArchive, nullptr, progress);
+      const std::uint32_t result = ZeZipExplode(kArchive, nullptr, told);
       DisarmFault();
       const std::string failed = FailedFunction();
       if (failed.empty()) {
