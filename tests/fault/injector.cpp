@@ -136,5 +136,8 @@ void* operator new(std::size_t size) {
   if (void* block = __real_malloc(size)) return block;
   throw std::bad_alloc();
 }
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
+  return Fails("new", ENOMEM) ? nullptr : __real_malloc(size);
+}
 void operator delete(void* block) noexcept { std::free(block); }
 void operator delete(void* block, std::size_t) noexcept { std::free(block); }
