@@ -57,6 +57,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   fs::create_directory_symlink(drives.Folder("o"), folder / "link");
   fs::create_symlink(drives.Folder("o") / "target", folder / "l");
   WriteWhole(drives.Folder("tmp") / "a.zip", std::string(input.Rest()));
+  const fs::path elsewhere = fs::current_path();
   fs::current_path(folder);
   const int before = OpenDescriptors();
   const std::string archive = (drives.Folder("tmp") / "a.zip").string();
@@ -71,6 +72,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   Check(drives.NothingOutside(), "nothing is made outside the folder");
   for (const fs::directory_entry& entry : fs::recursive_directory_iterator(folder))
     Check(IsHarmless(entry.path().filename().string()), "names are harmless everywhere");
-  fs::current_path(drives.Folder("tmp"));
+  fs::current_path(elsewhere);
   return 0;
 }

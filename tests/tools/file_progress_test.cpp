@@ -17,7 +17,7 @@ TEST(FileProgressLine, GrowsWithTheWork) {
 TEST(FileProgressLine, StaysWithinItsBounds) {
   EXPECT_EQ(Start(FileProgressLine(20, 10, "a")), "[########################] 100% a");
   EXPECT_EQ(Start(FileProgressLine(20, 0, "a")), "[                        ]   0% a");
-  EXPECT_EQ(FileProgressLine(0xFFFFFFFFFFULL, 0x1FFFFFFFFFULL, "a").find(" 50%"), 26U);
+  EXPECT_EQ(FileProgressLine(0x8000000000, 0x10000000000, "a").find(" 50%"), 27U);
 }
 
 TEST(FileProgressLine, IsAlwaysAsWide) {
