@@ -13,6 +13,14 @@ ROWS = [
      "1000 MB/s or more, or 0.25 or less", lambda ratio, rate: rate >= 1e9 or ratio <= 0.25),
     ("Checksum", "checksum of a file", "reading the file", "1.50 or less",
      lambda ratio, rate: ratio <= 1.5),
+    ("MacroFixup/raster_pcl", "macro fixup of PCL rasters", "memcpy", "3.33 or less",
+     lambda ratio, rate: ratio <= 1 / 0.3),
+    ("MacroFixup/text_pcl", "macro fixup of PCL text", "scan for ESC", "4.00 or less",
+     lambda ratio, rate: ratio <= 4),
+    ("MacroFixup/text_ps", "macro fixup of PostScript text", "scan for ESC", "4.00 or less",
+     lambda ratio, rate: ratio <= 4),
+    ("MacroFixup/image_ps", "macro fixup of PostScript images", "scan for ESC", "4.00 or less",
+     lambda ratio, rate: ratio <= 4),
     ("FontFindAndRead", "10,000 fonts listed", "reading the files", "3.00 or less",
      lambda ratio, rate: ratio <= 3),
     ("FontFindAndScan", "Type 1 fonts listed", "`fc-scan`", "0.10 or less",
@@ -36,6 +44,10 @@ ROWS = [
      "1.00 or less", lambda ratio, rate: ratio <= 1),
     ("ExtractTwiceAsMany", "a file of 60,000, processor time", "a file of 30,000", "1.10 or less",
      lambda ratio, rate: ratio <= 1.1),
+    ("StreamFixup/image", "PCL XL fixup of a page of images", "copying through as many files",
+     "1.50 or less", lambda ratio, rate: ratio <= 1.5),
+    ("StreamFixup/drawing", "PCL XL fixup of a page of lines", "copying through as many files",
+     "1.50 or less", lambda ratio, rate: ratio <= 1.5),
 ]
 
 

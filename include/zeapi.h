@@ -18,7 +18,7 @@
  * - **Paths** are Windows paths on every host: `\` and `/` separate, case is ignored, `X:` is a
  *   drive. On other hosts `x:\` stands for the folder `$ZEAPI_DRIVES/x/`; without that variable
  *   no drive exists.
- * - **Records** are packed to one byte. Offsets are given for 4-byte pointers.
+ * - **Records** are packed to one byte, but for those of ZeParseOptionInfo() and ZeJobAccount. Offsets are given for 4-byte pointers.
  * - **Memory** that a call hands out belongs to the caller, who gives it back with the release call
  *   named there. The library keeps no pointer to caller memory after a call has returned.
  * - **Threads.** The library takes no locks and shares some state between calls; a process makes
@@ -93,7 +93,9 @@ enum ZeResult {
   ZE_SHARING_VIOLATION = 31,    /**< Somebody else has the file open. */
   ZE_UNSUPPORTED = 32,          /**< Not supported; a remark, not a failure, from font queries. */
   ZE_COPY_FAILED = 36,          /**< Copying failed for a reason without a code of its own. */
-  ZE_NO_BACKUP_NAME = 37        /**< All 998 backup names are taken. */
+  ZE_NO_BACKUP_NAME = 37,       /**< All 998 backup names are taken. */
+  ZE_MACRO_TOO_LARGE = 37,      /**< A PPDS macro of 65536 bytes or more. */
+  ZE_FIXUP_FAILED = 46          /**< Not a PCL XL job that can be stored as a stream. */
 };
 
 /** Bits of ZeDestination::flags. Other bits are not read. */
@@ -179,6 +181,60 @@ enum ZeFontFlags {
   ZE_FONT_BIT_5 = 0x20  /**< FMF, PFM, PSM, PBM, PFA, PFB and formats 17, 18, 20. */
 };
 
+/** Bits of ZeMacroInfo::macroFlags. Other bits are not read. */
+enum ZeMacroFlags {
+  ZE_MACRO_DEMO = 0x01,   /**< PostScript: the stored file's name gets ".demo", the printer's own
+                               extension of names is off while it is written, and a stored overlay
+                               that was fixed up shows its page. */
+  ZE_MACRO_FIX_UP = 0x02, /**< Send what the fixup makes of the file (ZeFixupOptions). */
+  ZE_MACRO_CHAIN = 0x04,  /**< PCL: the new macro first calls the macro `chainId`. */
+  ZE_MACRO_FIX_UP_LIMIT = 0x08 /**< As ZE_MACRO_FIX_UP, with the caller's `fixupLimit`; the call
+                                    then sets ZE_MACRO_FIX_UP in the caller's record. */
+};
+
+/**
+ * What the fixup of a PCL macro drops besides PJL lines, universal exits, bracket-K blocks and
+ * "ESC & n" data: ZeMacroInfo::fixupLimit. Always dropped are the parameters F and P of "ESC & l",
+ * M of "ESC & b", X with the values 6, 7 and 10 of "ESC & f", and F with 0 and 1 of "ESC * c".
+ */
+enum ZeFixupOptions {
+  ZE_FIXUP_RESET = 0x001,          /**< "ESC E". */
+  ZE_FIXUP_FORM_FEED = 0x002,      /**< Form feeds outside HP-GL/2. */
+  ZE_FIXUP_PAPER_SIZE = 0x004,     /**< "ESC & l" A. */
+  ZE_FIXUP_PAPER_SOURCE = 0x008,   /**< "ESC & l" H. */
+  ZE_FIXUP_DUPLEX = 0x010,         /**< "ESC & l" S, "ESC & a" G. */
+  ZE_FIXUP_ORIENTATION = 0x020,    /**< "ESC & l" O. */
+  ZE_FIXUP_JOB_SEPARATION = 0x040, /**< "ESC & l" T with the value 1. */
+  ZE_FIXUP_COPIES = 0x080,         /**< "ESC & l" X. */
+  ZE_FIXUP_PERFORATION = 0x100,    /**< "ESC & l" L. */
+  ZE_FIXUP_FLUSH = 0x200,          /**< "ESC & r" F. */
+  ZE_FIXUP_OUTPUT_BIN = 0x400,     /**< "ESC & l" G. */
+  ZE_FIXUP_MACRO_CONTROL = 0x800,  /**< "ESC & f" X with the values 0 and 1. */
+  ZE_FIXUP_DEFAULT = 0x33F         /**< In force unless ZE_MACRO_FIX_UP_LIMIT is set. */
+};
+
+/** Modes of ZeMacDownload(). */
+enum ZeMacroMode {
+  ZE_MACRO_PRINT_ONCE = 1, /**< Print one page with the macro as its overlay. */
+  ZE_MACRO_STORE = 2,      /**< Store it. */
+  ZE_MACRO_RAW = 3         /**< Send the file as it is; a PCL macro is made permanent. */
+};
+
+/** `wrap` argument of ZeMacDownload(). */
+enum ZeMacroWrap {
+  ZE_MACRO_UNWRAPPED = 0, /**< The file brings its own definition commands. */
+  ZE_MACRO_WRAPPED = 29   /**< The call adds those of the language; not for PCL XL. */
+};
+
+/** How ZeDemDownload() stores a demo, ZeDemoInfo::method. */
+enum ZeDemoMethod {
+  ZE_DEMO_POSTSCRIPT = 1,    /**< A file, written through the PostScript interpreter. */
+  ZE_DEMO_PJL_FILE = 2,      /**< A file, written with the PJL file commands. */
+  ZE_DEMO_BRACKET_D = 3,     /**< A block with a bracket-D header ("ESC [ D"). */
+  ZE_DEMO_PJL_DEMO_FILE = 4, /**< A file, written with the PJL demo-file commands. */
+  ZE_DEMO_NOTHING = 5        /**< Nothing is sent but the frame of the job. */
+};
+
 #pragma pack(push, 1)
 
 /**
@@ -219,6 +275,24 @@ ZEAPI_ASSERT_OFFSET(ZeDestination, bidiHandle, 41);
 ZEAPI_ASSERT_OFFSET(ZeDestination, jobName, 43);
 ZEAPI_ASSERT_OFFSET(ZeDestination, channel, 47);
 ZEAPI_ASSERT_SIZE(ZeDestination, 48);
+
+/** A printer macro or overlay; 40 bytes. Fields named `reserved` are not read. */
+typedef struct ZeMacroInfo {
+  uint32_t macroFlags;   /**< 0: ZE_MACRO_DEMO to ZE_MACRO_FIX_UP_LIMIT. */
+  char macroName[24];    /**< 4: name of macro, procedure, file or stream, at most 23 characters;
+                              empty: the file's name in upper case. */
+  uint16_t chainId;      /**< 28: PCL macro that the new one calls first. */
+  int32_t macroDevice;   /**< 30: ZE_DEVICE_..., where it is stored. */
+  uint8_t reserved34[2]; /**< 34 */
+  uint32_t fixupLimit;   /**< 36: ZE_FIXUP_... bits in force with ZE_MACRO_FIX_UP_LIMIT. */
+} ZeMacroInfo;
+ZEAPI_ASSERT_OFFSET(ZeMacroInfo, macroFlags, 0);
+ZEAPI_ASSERT_OFFSET(ZeMacroInfo, macroName, 4);
+ZEAPI_ASSERT_OFFSET(ZeMacroInfo, chainId, 28);
+ZEAPI_ASSERT_OFFSET(ZeMacroInfo, macroDevice, 30);
+ZEAPI_ASSERT_OFFSET(ZeMacroInfo, reserved34, 34);
+ZEAPI_ASSERT_OFFSET(ZeMacroInfo, fixupLimit, 36);
+ZEAPI_ASSERT_SIZE(ZeMacroInfo, 40);
 
 /**
  * What ZeGenQueryApiInfo() answers: 64 words, 128 bytes. Word 0 is ZE_API_VERSION, word 1 the word
@@ -283,11 +357,29 @@ ZEAPI_ASSERT_OFFSET(ZeFontInfo, metricsFile, 450);
 ZEAPI_ASSERT_OFFSET(ZeFontInfo, cartridge, 710);
 ZEAPI_ASSERT_SIZE(ZeFontInfo, 714);
 
+/** A demonstration page to be stored; 37 bytes. Fields named `reserved` are not read. */
+typedef struct ZeDemoInfo {
+  uint8_t options;      /**< 0: bit 0 goes to the bracket-D header. */
+  uint8_t reserved1[3]; /**< 1 */
+  int32_t method;       /**< 4: ZE_DEMO_... */
+  char name[24];        /**< 8: stored name, at most 23 characters; empty: the file's name in upper
+                             case. */
+  uint8_t slot;         /**< 32: goes to the bracket-D header. */
+  int32_t device;       /**< 33: ZE_DEVICE_FLASH1 to ZE_DEVICE_DISK2. */
+} ZeDemoInfo;
+ZEAPI_ASSERT_OFFSET(ZeDemoInfo, options, 0);
+ZEAPI_ASSERT_OFFSET(ZeDemoInfo, reserved1, 1);
+ZEAPI_ASSERT_OFFSET(ZeDemoInfo, method, 4);
+ZEAPI_ASSERT_OFFSET(ZeDemoInfo, name, 8);
+ZEAPI_ASSERT_OFFSET(ZeDemoInfo, slot, 32);
+ZEAPI_ASSERT_OFFSET(ZeDemoInfo, device, 33);
+ZEAPI_ASSERT_SIZE(ZeDemoInfo, 37);
+
 /** What a search was for, ZeFoundFile::kind. */
 enum ZeFoundKind {
   ZE_FOUND_FONT = 1, /**< `info` is a ZeFontInfo. */
   ZE_FOUND_DEMO = 2, /**< `info` is null. */
-  ZE_FOUND_MACRO = 3 /**< `info` is a macro option record of 40 bytes. */
+  ZE_FOUND_MACRO = 3 /**< `info` is a ZeMacroInfo. */
 };
 
 /**
@@ -686,6 +778,135 @@ ZEAPI_EXPORT ZeFoundFile* ZEAPI_CALL ZeFonFind2(const char* directory, uint16_t*
 ZEAPI_EXPORT void ZEAPI_CALL ZeFonFindFree(ZeFoundFile* first) ZEAPI_NOEXCEPT;
 /** @} */
 
+/** @name Macros and overlays */
+/** @{ */
+
+/**
+ * Sends a macro file as a macro definition, without any frame: PCL between the commands that start
+ * and stop the definition, PPDS behind a definition header, PostScript with the comment
+ * "%%Velquist Overlay: NAME" behind its "%!PS" line when it is fixed up, PCL XL as a stored stream
+ * when it is fixed up.
+ * @param macroFile  must not be the text of `printerName`, whatever its case.
+ * @param destination  `language` 1 to 6; `resourceId` is the macro's ID, in any range.
+ * @param macro  may get ZE_MACRO_FIX_UP set; see ZE_MACRO_FIX_UP_LIMIT.
+ * @return ZE_OK; ZE_INVALID_ARGUMENT; ZE_FILE_NOT_FOUND; ZE_BAD_FORMAT (the extension is that of a
+ *         system file: BAT, CMD, COM, DLL, DRV, EXE, HLP, INI, SYS, by its first three characters);
+ *         ZE_OPEN_FAILED (file, printer or work file); ZE_READ_FAILED; ZE_WRITE_FAILED;
+ *         ZE_OUT_OF_MEMORY; ZE_PRINTER_WRITE_FAILED; ZE_UNUSABLE; ZE_MACRO_TOO_LARGE;
+ *         ZE_FIXUP_FAILED (a PCL XL file that cannot be fixed up). After a failed payload no stop command follows.
+ */
+ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeMacCreate(const char* macroFile, const char* printerName,
+                                             const ZeDestination* destination,
+                                             ZeMacroInfo* macro) ZEAPI_NOEXCEPT;
+
+/**
+ * Sends a macro file as a complete job: for one page (ZE_MACRO_PRINT_ONCE), to be stored
+ * (ZE_MACRO_STORE), or as it is (ZE_MACRO_RAW). A PostScript file is stored as a procedure in
+ * working memory, as a file on a device.
+ * @param destination  `language` 1 to 6; `resourceId` below 32768 unless `mode` is ZE_MACRO_RAW.
+ * @param macro  `macroDevice` ZE_DEVICE_RAM to ZE_DEVICE_DISK2; may get ZE_MACRO_FIX_UP set.
+ * @param mode  ZE_MACRO_PRINT_ONCE to ZE_MACRO_RAW.
+ * @param wrap  ZE_MACRO_UNWRAPPED or ZE_MACRO_WRAPPED; the latter not for ZE_LANGUAGE_PCLXL.
+ * @return as ZeMacCreate(). The job is ended properly after a payload that failed; printing once
+ *         in languages that have no overlay (1 and 4) gives ZE_INVALID_ARGUMENT after the job.
+ */
+ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeMacDownload(const char* macroFile, const char* printerName,
+                                               const ZeDestination* destination, ZeMacroInfo* macro,
+                                               int32_t mode, uint32_t wrap) ZEAPI_NOEXCEPT;
+
+/**
+ * Switches a stored PCL or PPDS macro on or off as automatic overlay, without any frame. Of the
+ * PPDS command only the first four bytes are sent. PostScript and PCL XL send nothing.
+ * @param destination  `resourceId`, below 32768, is the macro's ID.
+ * @param enable  0 switches off.
+ * @return ZE_OK, also when a write failed; ZE_INVALID_ARGUMENT (also for languages but 2, 3, 5 and
+ *         6, after the printer was opened); ZE_OPEN_FAILED; ZE_OUT_OF_MEMORY; ZE_UNUSABLE.
+ */
+ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeMacActivate(const char* printerName,
+                                               const ZeDestination* destination,
+                                               uint32_t enable) ZEAPI_NOEXCEPT;
+
+/**
+ * Like ZeMacActivate(), but deletes a PCL macro with a command of exactly 8 bytes: an ID of one
+ * digit is followed by a zero byte, one of three or more digits cuts the command. PPDS and
+ * PostScript send nothing; PCL XL gives ZE_INVALID_ARGUMENT.
+ */
+ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeMacDelete(const char* printerName,
+                                             const ZeDestination* destination) ZEAPI_NOEXCEPT;
+
+/**
+ * Checks on the host whether a file may be stored as a macro.
+ *
+ * PCL XL: without ZE_MACRO_FIX_UP the file has to be a stored-stream file; none is recognised, so
+ * the result is ZE_FIXUP_FAILED or, for a file shorter than its header of 17 bytes, ZE_READ_FAILED. With it the
+ * fixed-up stream is written to `fixup.str` in the current directory.
+ *
+ * Any other language: the PCL fixup of the file is written to `fixup.mac` in the current directory,
+ * with the options `fixupLimit` when ZE_MACRO_FIX_UP_LIMIT is set and ZE_FIXUP_DEFAULT otherwise.
+ * The file may be stored when in what was written, binary data apart,
+ * - no "ESC & f" sequence has the parameter X with the value 0 or 1 (start and stop of a
+ *   definition), as its last parameter or before it,
+ * - there is no universal exit and no bracket-K header,
+ * - no escape sequence, and no binary data that one announced, is cut off by the end of the file,
+ * - HP-GL/2 is left again.
+ *
+ * Values are whole numbers; a fraction does not count, and a missing number is 0.
+ * @param destination  only `language` is read.
+ * @param macro  not changed, but for the name found in a PCL XL file.
+ * @return ZE_OK: it may be stored; ZE_INVALID_ARGUMENT (null, name too long); ZE_FILE_NOT_FOUND;
+ *         ZE_BAD_FORMAT (system file, or it may not be stored); ZE_OPEN_FAILED (also of the work
+ *         file, and for that file itself); ZE_CLOSE_FAILED; ZE_READ_FAILED; ZE_WRITE_FAILED;
+ *         ZE_OUT_OF_MEMORY; ZE_FIXUP_FAILED.
+ */
+ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeMacValidate(const char* macroFile,
+                                               const ZeDestination* destination,
+                                               ZeMacroInfo* macro) ZEAPI_NOEXCEPT;
+
+/**
+ * Lists the files of a folder that may be stored as macros of a language, like ZeDemFind(): those
+ * for which ZeMacValidate() gives ZE_OK. Each node has the 40-byte record of that call, a
+ * ZeMacroInfo. PCL XL finds nothing, as validation recognises none; other languages are checked
+ * with no ZE_FIXUP_... option in force. The work file `fixup.mac` is written for each file and is
+ * itself never listed.
+ * @param kind   ZE_LANGUAGE_DEFAULT to ZE_LANGUAGE_PCLXL.
+ * @param value  handed to the validation, which does not use it.
+ * @return as ZeDemFind().
+ */
+ZEAPI_EXPORT ZeFoundFile* ZEAPI_CALL ZeMacFind(const char* directory, int16_t* count, uint32_t kind,
+                                               uint32_t value, uint32_t recurse) ZEAPI_NOEXCEPT;
+/** @} */
+
+/** @name Demos */
+/** @{ */
+
+/**
+ * Stores a demonstration page on a printer as a complete job.
+ * @param demoFile  must not be the text of `printerName`, whatever its case.
+ * @param destination  its `language` is overwritten once the printer is open: methods 2 to 4 make
+ *        it ZE_LANGUAGE_PCL, method 1 ZE_LANGUAGE_POSTSCRIPT.
+ * @return ZE_OK; ZE_INVALID_ARGUMENT (also for a device or method out of range);
+ *         ZE_FILE_NOT_FOUND; ZE_BAD_FORMAT (system file, see ZeMacCreate()); ZE_OPEN_FAILED;
+ *         ZE_READ_FAILED; ZE_WRITE_FAILED; ZE_OUT_OF_MEMORY; ZE_PRINTER_WRITE_FAILED; ZE_UNUSABLE.
+ */
+ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeDemDownload(const char* demoFile, const char* printerName,
+                                               ZeDestination* destination,
+                                               const ZeDemoInfo* demo) ZEAPI_NOEXCEPT;
+
+/**
+ * Lists the files of a folder that may be demos: all but system files (see ZeMacCreate()) and those
+ * whose names begin with ".". The one found last comes first. They are not opened.
+ * @param directory  at most ZE_MAX_NAME characters.
+ * @param count      in: how many are wanted at most, 0 for 32767; out: how many were found.
+ * @param value      not used.
+ * @param recurse    not 0: folders within are searched too. What they hold is not listed, but each
+ *        such search takes `count` for its limit, begins it anew and leaves it to the outer one.
+ * @return the list, for ZeFonFindFree(); null when it is empty, an argument is bad (`count` is then
+ *         left alone) or memory ran out.
+ */
+ZEAPI_EXPORT ZeFoundFile* ZEAPI_CALL ZeDemFind(const char* directory, int16_t* count,
+                                               uint32_t value, uint32_t recurse) ZEAPI_NOEXCEPT;
+/** @} */
+
 /** @name Files */
 /** @{ */
 
@@ -827,10 +1048,10 @@ ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeZipImplode(const char* archive, const char* p
  * of a name and a length in bytes such as `ID:1,DT:1`, which declare the headers of every element (ID,
  * DT), of containers (DT 0: NE children, LD bytes) and of data (DT 1 integer, 2 text: LD, DA);
  * then the tree of elements. A number of 1 byte is signed, of 2 or 4 bytes unsigned; other lengths count
- * as 0. Elements that are not known are skipped. A record ends where it is cut or breaks its own
- * rules, and what was read so far is the result: a key with a name that is not known, a length
- * beyond the record, more children than bytes, a text longer than its field (it is cut to fit). Each
- * step is logged.
+ * as 0. Elements that are not known are skipped. A key ends at a
+ * name that is not known. A text longer than its field is cut to fit. A record ends where it is cut
+ * or breaks its own rules (a length beyond the record, more children than bytes), and what was read
+ * so far is the result. Each step is logged.
  */
 /** @{ */
 

@@ -11,6 +11,9 @@ quietly() {
   "$@" >"$work/log" 2>&1 || { tail -n 40 "$work/log"; return 1; }
 }
 
+mkdir "$work/pages"
+quietly bench/make_pages.sh "$work/pages"
+export ZEAPI_BENCH_PAGES=$work/pages
 quietly cmake --preset release
 quietly cmake --build --preset release --target zeapi_bench
 quietly build/release/bin/zeapi_bench --benchmark_out="$work/results" --benchmark_out_format=json

@@ -11,4 +11,12 @@ std::size_t BoundedLength(const char* text, std::size_t limit) {
 
 char AsciiUpper(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
 
+bool SameText(const char* a, const char* b) {
+  while (*a != '\0' && AsciiUpper(*a) == AsciiUpper(*b)) {
+    ++a;
+    ++b;
+  }
+  return AsciiUpper(*a) == AsciiUpper(*b);
+}
+
 }  // namespace zeapi

@@ -15,6 +15,9 @@ inline bool NameTooLong(const char* name) {
   return BoundedLength(name, ZE_MAX_NAME + 1) > ZE_MAX_NAME;
 }
 
+// True for texts that differ in the case of "a" to "z" at most.
+bool SameText(const char* a, const char* b);
+
 // Upper case of "a" to "z", in any locale; every other byte as it is.
 char AsciiUpper(char c);
 

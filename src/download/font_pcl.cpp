@@ -7,7 +7,6 @@
 #include "fonts/pcl_font.h"
 #include "output/pjl.h"
 #include "output/send_stream.h"
-#include "platform/files.h"
 
 namespace zeapi {
 namespace {
@@ -63,7 +62,7 @@ Result Send(std::FILE* file, GenQueContext* ctx, WriteId writeId) {
 }  // namespace
 
 Result SendPclFont(const char* path, FontIdForm form, GenQueContext* ctx) {
-  const Stream file(platform::OpenStream(path, "rb"));
+  const Stream file(OpenFontFile(path, "rb"));
   if (file == nullptr) return ZE_FILE_NOT_FOUND;
   const Result sent =
       Send(file.get(), ctx, [form](GenQueContext* queue) { return FontIdCommand(form, queue); });
@@ -73,7 +72,7 @@ Result SendPclFont(const char* path, FontIdForm form, GenQueContext* ctx) {
 }
 
 Result SendScalableFont(const char* path, GenQueContext* ctx) {
-  const Stream file(platform::OpenStream(path, "rb"));
+  const Stream file(OpenFontFile(path, "rb"));
   if (file == nullptr) return ZE_OPEN_FAILED;
   const Result sent = Send(file.get(), ctx, WriteIdInPieces);
   if (sent != ZE_OK) return sent;

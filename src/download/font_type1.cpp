@@ -9,7 +9,6 @@
 #include "output/hex_text.h"
 #include "output/pjl.h"
 #include "output/send_stream.h"
-#include "platform/files.h"
 
 namespace zeapi {
 namespace {
@@ -73,7 +72,7 @@ Result SendSegments(std::FILE* file, GenQueContext* ctx) {
 }  // namespace
 
 Result SendType1Font(const char* path, bool segmented, GenQueContext* ctx) {
-  const Stream file(platform::OpenStream(path, "rb"));
+  const Stream file(OpenFontFile(path, "rb"));
   if (file == nullptr) return ZE_OPEN_FAILED;
   GenQueWrite(kExitServer, sizeof(kExitServer), ctx);
   if (ctx->error != ZE_OK) return ctx->error;

@@ -42,7 +42,8 @@ FoundFiles FindFiles(const char* folder, std::uint32_t kind, bool recurse, const
     if (file == nullptr) return nullptr;
     file->rootLength = static_cast<std::uint8_t>(listing.RootLength());
     file->size = listing.entry().size;
-    if (++*count >= limit) break;
+    if (*count < kMostFoundFiles) ++*count;
+    if (*count >= limit) break;
   }
   return found;
 }

@@ -12,4 +12,7 @@ int TenthsOf(std::string_view text);
 // The same, without its fraction.
 inline int WholeOf(std::string_view text) { return TenthsOf(text) / 10; }
 
+// A hexadecimal number, in angle brackets or bare. -1 when there is none or it does not fit.
+int HexadecimalOf(std::string_view text);
+
 }  // namespace zeapi

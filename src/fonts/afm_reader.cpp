@@ -64,7 +64,7 @@ class AfmFile {
     } else if (scope_ == AfmScope::kHeader) {
       return ZE_OK;
     } else if (section_ == Section::kCharacters && (keyword == "C" || keyword == "CH")) {
-      ReadCharacter(keyword == "C" ? WholeOf(value) : -1, value);
+      ReadCharacter(keyword == "C" ? WholeOf(value) : HexadecimalOf(value), value);
     } else if (section_ == Section::kKernPairs && keyword == "KPX") {
       return ReadKernPair(value);
     }
@@ -118,8 +118,10 @@ class AfmFile {
     const int windowsCode = WindowsCodeOfGlyph(name);
     if (windowsCode >= 0) metrics_.byWindowsCode[windowsCode] = character;
     if (fontCode < 0 || fontCode > 255) return;
-    metrics_.byFontCode[fontCode] = character;
-    if (!metrics_.standardEncoding) fontCodes_.emplace(name, fontCode);
+    AfmCharacter& coded = metrics_.byFontCode[fontCode];
+    // One name a code, so a file cannot make up more names than there are codes.
+    if (!metrics_.standardEncoding && !coded.present) fontCodes_.emplace(name, fontCode);
+    coded = character;
   }
 
   // -1 for a glyph without a code.

@@ -21,33 +21,38 @@ class AfmText {
   AfmText(const PfmMetrics& metrics, std::FILE* stream)
       : metrics_(metrics), widths_(metrics.widths), stream_(stream) {}
 
-  void Write() {
+  bool Write() {
     Header();
     CharacterMetrics();
     if (metrics_.hasKerning) Kerning();
     Text("EndFontMetrics\n");
+    return written_;
   }
 
  private:
-  void Text(const char* text) { std::fputs(text, stream_); }
-  void Number(int number) { std::fprintf(stream_, " %d", number); }
+  void Text(const char* text) { written_ &= std::fputs(text, stream_) >= 0; }
+  template <typename... Arguments>
+  void Format(const char* format, Arguments... arguments) {
+    written_ &= std::fprintf(stream_, format, arguments...) >= 0;
+  }
+  void Number(int number) { Format(" %d", number); }
 
   bool IsStandard() const { return metrics_.characterSet == 0; }
 
   void Header() {
     const PfmMetrics& m = metrics_;
     Text("StartFontMetrics 2.0\n");
-    std::fprintf(stream_, "Comment %s\n", m.copyright.c_str());
-    std::fprintf(stream_, "FontName %s", m.name.c_str());
+    Format("Comment %s\n", m.copyright.c_str());
+    Format("FontName %s", m.name.c_str());
     Text("\nEncodingScheme ");
     Text(IsStandard() ? "AdobeStandardEncoding\n" : "FontSpecific\n");
     std::string fullName = m.name;
     std::replace(fullName.begin(), fullName.end(), '-', ' ');
-    std::fprintf(stream_, "FullName %s", fullName.c_str());
-    if (m.hasFace) std::fprintf(stream_, "\nFamilyName %s", m.face.c_str());
-    std::fprintf(stream_, "\nWeight %s", WeightName(m.weight));
+    Format("FullName %s", fullName.c_str());
+    if (m.hasFace) Format("\nFamilyName %s", m.face.c_str());
+    Format("\nWeight %s", WeightName(m.weight));
     const bool fixedPitch = (m.pitchAndFamily & 1) == 0 || m.averageWidth == m.maximumWidth;
-    std::fprintf(stream_, "\nIsFixedPitch %s", fixedPitch ? "true" : "false");
+    Format("\nIsFixedPitch %s", fixedPitch ? "true" : "false");
     Text("\nFontBBox");
     Number(fixedPitch ? -20 : -100);
     Number(-(m.lowerCaseDescent + 5));
@@ -75,7 +80,7 @@ class AfmText {
     } else {
       for (unsigned code = metrics_.first; code <= metrics_.last; ++code) {
         if (widths_[code] == 0) continue;
-        std::fprintf(stream_, "C  %u ; WX  %u ;\n", code, unsigned{widths_[code]});
+        Format("C  %u ; WX  %u ;\n", code, unsigned{widths_[code]});
       }
     }
     Text("EndCharMetrics\n");
@@ -117,8 +122,8 @@ class AfmText {
   }
 
   void NamedCharacter(int standardCode, std::uint8_t code) {
-    std::fprintf(stream_, "C  %d ; WX  %u ; N %s ;\n", standardCode, unsigned{widths_[code]},
-                 GlyphNameOf(code).text);
+    Format("C  %d ; WX  %u ; N %s ;\n", standardCode, unsigned{widths_[code]},
+           GlyphNameOf(code).text);
   }
 
   void Kerning() {
@@ -129,8 +134,8 @@ class AfmText {
     Text("\n");
     for (const AfmKernPair& pair : metrics_.kernPairs) {
       if (!counts(pair)) continue;
-      std::fprintf(stream_, "KPX %s %s %d\n", GlyphNameOf(pair.first).text,
-                   GlyphNameOf(pair.second).text, pair.amount);
+      Format("KPX %s %s %d\n", GlyphNameOf(pair.first).text, GlyphNameOf(pair.second).text,
+             pair.amount);
     }
     Text("EndKernPairs\nEndKernData\n");
   }
@@ -139,10 +144,13 @@ class AfmText {
   std::array<std::uint16_t, 256> widths_;        // 0: written or dropped
   std::array<std::uint8_t, 256> carriers_ = {};  // Windows code by standard code
   std::FILE* stream_;
+  bool written_ = true;
 };
 
 }  // namespace
 
-void WriteAfm(const PfmMetrics& metrics, std::FILE* stream) { AfmText(metrics, stream).Write(); }
+bool WriteAfm(const PfmMetrics& metrics, std::FILE* stream) {
+  return AfmText(metrics, stream).Write();
+}
 
 }  // namespace zeapi

@@ -8,8 +8,7 @@
 
 namespace zeapi {
 
-// Writes the whole file to a stream opened as text. What does not get into the stream shows in its
-// error flag.
-void WriteAfm(const PfmMetrics& metrics, std::FILE* stream);
+// Writes the whole file to a stream opened as text. False when a part of it could not be written.
+bool WriteAfm(const PfmMetrics& metrics, std::FILE* stream);
 
 }  // namespace zeapi

@@ -12,10 +12,7 @@ namespace zeapi {
 namespace {
 
 constexpr std::size_t kNameSize = 80;
-// Metrics shorter than this have no face name. An entry that says so has lost its size, and the
-// list ends.
-constexpr std::uint32_t kShortestEntry = 109;
-constexpr int kMostFonts = 65535;  // far beyond any cartridge; bounds what a hostile file can take
+constexpr int kMostFonts = 1024;  // far beyond any cartridge; bounds what a hostile file can take
 
 struct Header {
   std::uint32_t endOffset;    // of the entries
@@ -80,7 +77,7 @@ bool ReadFonts(std::FILE* stream, const Header& header, ZeCartridge* cartridge) 
       last = font;
     }
     const std::uint32_t size = PfmSize(entry);
-    if (size < kShortestEntry || size > header.endOffset - offset) break;
+    if (size == 0 || size > header.endOffset - offset) break;
     offset += size;
   }
   return std::ferror(stream) == 0;

@@ -50,8 +50,8 @@ std::string Type1OutputName(const Conversion& conversion) {
 Result ReadType1(const char* fontFile, AfmMetricsPtr* metrics) {
   const PathText infFile = ReplaceExtension(fontFile, "INF");
   if (!FilExists(infFile.text)) return ZE_FILE_NOT_FOUND;
-  const Stream afm(platform::OpenStream(fontFile, "r"));
-  const Stream inf(platform::OpenStream(infFile.text, "r"));
+  const Stream afm(OpenFontFile(fontFile, "r"));
+  const Stream inf(OpenFontFile(infFile.text, "r"));
   if (afm == nullptr || inf == nullptr) return ZE_OPEN_FAILED;
   *metrics = NewAfmMetrics(fontFile);
   if (*metrics == nullptr) return ZE_OUT_OF_MEMORY;
@@ -79,19 +79,18 @@ Result ConvertType1(const Conversion& conversion) {
 
 Result ConvertPfm(const Conversion& conversion) {
   PfmMetrics metrics;
-  Stream input(platform::OpenStream(conversion.fontFile, "rb"));
+  Stream input(OpenFontFile(conversion.fontFile, "rb"));
   if (input == nullptr || !ReadPfmMetrics(input.get(), &metrics)) return ZE_BAD_FORMAT;
   input.reset();
   std::FILE* output = platform::OpenStream(OutputName(conversion, "AFM").c_str(), "w");
   if (output == nullptr) return ZE_OPEN_FAILED;
-  WriteAfm(metrics, output);
-  const bool written = std::ferror(output) == 0;
+  const bool written = WriteAfm(metrics, output) && std::ferror(output) == 0;
   const bool closed = std::fclose(output) == 0;
   return written && closed ? ZE_OK : ZE_WRITE_FAILED;
 }
 
 Result ConvertDlf(const Conversion& conversion) {
-  Stream input(platform::OpenStream(conversion.fontFile, "rb"));
+  Stream input(OpenFontFile(conversion.fontFile, "rb"));
   if (input == nullptr) return ZE_OPEN_FAILED;
   DlfFont font;
   const std::uint32_t fileSize = StreamSize(input.get());
@@ -104,7 +103,7 @@ Result ConvertDlf(const Conversion& conversion) {
 }
 
 Result ConvertPcl(const Conversion& conversion) {
-  Stream input(platform::OpenStream(conversion.fontFile, "rb"));
+  Stream input(OpenFontFile(conversion.fontFile, "rb"));
   if (input == nullptr) return ZE_OPEN_FAILED;
   PclSoftFont softFont;
   if (!ReadPclSoftFont(input.get(), &softFont)) return ZE_BAD_FORMAT;
@@ -140,7 +139,7 @@ Result ConvertIntellifont(const Conversion& conversion) {
       FieldText(conversion.option2 == 2 ? font->companionFile : font->metricsFile));
   const std::string_view symbolSet = FieldText(font->symbolSet);
   IntellifontMetrics intellifont;
-  Stream input(platform::OpenStream(metricsFile.c_str(), "rb"));
+  Stream input(OpenFontFile(metricsFile.c_str(), "rb"));
   if (input == nullptr || !ReadIntellifont(input.get(), symbolSet, &intellifont))
     return ZE_BAD_FORMAT;
   input.reset();

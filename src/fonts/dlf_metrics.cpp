@@ -77,8 +77,7 @@ bool DescribeDlf(const DlfFont& font, std::uint32_t fileSize, WindowsMetrics* me
   metrics->fixedPitch = font.fixedPitch;
   metrics->family = font.fixedPitch ? kFamilyModern : kFamilyDontCare;
   metrics->widths.fill(width);
-  metrics->hasWidths = !font.fixedPitch;
-  metrics->pixelWidth = font.fixedPitch ? width : std::uint16_t{0};
+  SetPixelWidth(width, metrics);
   metrics->averageWidth = width;
   metrics->maximumWidth = width;
   metrics->printerMemory = fileSize + kPrinterOverhead;

@@ -7,9 +7,9 @@
 
 #include "base/stream.h"
 #include "files/file_utilities.h"
+#include "fonts/font_stream.h"
 #include "fonts/pfm_block.h"
 #include "fonts/replace_extension.h"
-#include "platform/files.h"
 
 namespace zeapi {
 namespace {
@@ -53,7 +53,7 @@ bool AcceptsFormat(std::uint32_t type, std::uint32_t format) {
 
 // Whatever its extension, a file counts by what it reads as.
 bool IsPostScriptMetrics(const char* path) {
-  const Stream stream(platform::OpenStream(path, "rb"));
+  const Stream stream(OpenFontFile(path, "rb"));
   PfmBlock block;
   if (stream == nullptr || !ReadPfmBlock(stream.get(), &block)) return false;
   const std::string device = PfmDeviceName(stream.get(), block.bytes);

@@ -9,17 +9,16 @@
 #include "base/stream.h"
 #include "fonts/field_text.h"
 #include "fonts/font_stream.h"
-#include "platform/files.h"
 
 namespace zeapi {
 namespace {
 
 constexpr std::size_t kLongestLine = 99;
-constexpr std::size_t kLargestFile = 4 << 20;
+constexpr std::size_t kLargestFile = 256 << 10;
 constexpr std::int64_t kMedium = 130;  // weight of a font that names none
 
 std::string ReadText(const char* path) {
-  const Stream stream(platform::OpenStream(path, "rb"));
+  const Stream stream(OpenFontFile(path, "rb"));
   std::string text;
   std::array<std::uint8_t, 4096> block;
   while (stream != nullptr) {

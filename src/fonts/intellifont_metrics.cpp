@@ -13,7 +13,6 @@
 namespace zeapi {
 namespace {
 
-constexpr std::size_t kLongestFace = 31;  // of Windows
 constexpr std::uint8_t kEightBitType = 1;
 constexpr char kWindowsSymbolSet[] = "9U";
 
@@ -22,8 +21,8 @@ std::uint16_t SymbolSetValue(std::string_view code) {
   unsigned number = 0;
   const auto [end, error] = std::from_chars(code.data(), code.data() + code.size(), number);
   if (error != std::errc() || end + 1 != code.data() + code.size() || number > 2047) return 0;
-  return *end > '@' && *end <= 'Z' ? static_cast<std::uint16_t>(number * 32 + (*end - '@'))
-                                   : std::uint16_t{0};
+  if (*end <= '@' || *end > 'Z') return 0;
+  return static_cast<std::uint16_t>(number * 32 + static_cast<unsigned>(*end - '@'));
 }
 
 class IntellifontDescription {
@@ -34,7 +33,7 @@ class IntellifontDescription {
 
   bool Describe() {
     rows_.fill(kNoRow);
-    symbolSet_ = font_.hasSymbolSet ? target_.symbolSet : kWindowsSymbolSet;
+    symbolSet_ = target_.symbolSet.empty() ? kWindowsSymbolSet : target_.symbolSet;
     const WindowsSymbolSet windows = WindowsSymbolSetOf(SymbolSetValue(symbolSet_), kEightBitType);
     if (font_.hasSymbolSet) {
       FindRowsBySymbolSet(windows.translationClass);
@@ -44,7 +43,7 @@ class IntellifontDescription {
     if (!SetRange()) return false;
     metrics_.characterSet = windows.characterSet;
     metrics_.translationClass = windows.translationClass;
-    SetNames();
+    SetNames(windows.faceSuffix);
     SetMeasures();
     SetKerning();
     return true;
@@ -63,16 +62,18 @@ class IntellifontDescription {
   void FindRowsBySymbol() {
     const CharacterNumbers numbers =
         font_.hasUnicode ? CharacterNumbers::kUnicode : CharacterNumbers::kMasterSymbolList;
+    std::vector<std::uint16_t> rowOf(0x10000, kNoRow);
+    // From the last row to the first: of rows with the same symbol the first counts.
+    for (std::size_t row = font_.symbols.size(); row-- != 0;)
+      rowOf[font_.symbols[row]] = static_cast<std::uint16_t>(row);
     for (unsigned code = 0; code < 256; ++code) {
       const int number = NumberOfCharacter(numbers, static_cast<std::uint8_t>(code));
-      const auto found = std::find(font_.symbols.begin(), font_.symbols.end(), number);
-      if (found != font_.symbols.end())
-        SetRow(code, static_cast<std::size_t>(found - font_.symbols.begin()));
+      if (number >= 0) SetRow(code, rowOf[static_cast<std::uint16_t>(number)]);
     }
   }
 
-  void SetRow(unsigned code, std::size_t row) {
-    if (row < font_.escapements.size()) rows_[code] = static_cast<std::uint16_t>(row);
+  void SetRow(unsigned code, std::uint16_t row) {
+    if (row < font_.escapements.size()) rows_[code] = row;
   }
 
   bool SetRange() {
@@ -88,13 +89,13 @@ class IntellifontDescription {
     return true;
   }
 
-  void SetNames() {
+  void SetNames(std::string_view suffix) {
     metrics_.copyright = kMetricsNotice;
     metrics_.device = kPcl5Device;
     const bool isNamed =
         font_.vendor.empty() || font_.typeface.find(font_.vendor) != std::string::npos;
     metrics_.face =
-        (isNamed ? font_.typeface : font_.vendor + " " + font_.typeface).substr(0, kLongestFace);
+        WindowsFace(isNamed ? font_.typeface : font_.vendor + " " + font_.typeface, suffix);
     metrics_.italic = font_.posture != 0 || font_.slant != 0;
     metrics_.weight = WindowsWeight(static_cast<std::int8_t>(font_.strokeWeight));
     metrics_.fixedPitch = font_.fixedPitch;
@@ -127,23 +128,23 @@ class IntellifontDescription {
       if (rows_[code] != kNoRow) m.extents[code] = font_.escapements[rows_[code]];
     }
     if (m.extents[32] == 0) m.extents[32] = ToU16(font_.wordSpacing);
-    const int units = static_cast<int>(font_.unitsPerEm);
+    const int em = static_cast<int>(font_.unitsPerEm);
     ExtendedTextMetrics& e = m.extended;
-    e.masterUnits = ToS16(units);
+    e.masterUnits = ToS16(em);
     SetDefaultSize(&m);
-    const auto dots = [units](int value) { return ToU16(DotsAtDefaultSize(value, units)); };
+    const auto dots = [em](int measure) { return ToU16(DotsAtDefaultSize(measure, em)); };
     const int descent = std::abs(font_.descent);
     m.ascent = dots(font_.ascent);
     m.pixelHeight = dots(font_.ascent + descent);
-    m.internalLeading = dots(std::max(0, font_.ascent + descent - units));
+    m.internalLeading = dots(std::max(0, font_.ascent + descent - em));
     e.capHeight = ToS16(font_.capHeight);
     e.xHeight = ToS16(font_.xHeight);
     e.lowerCaseAscent = ToS16(font_.lowerCaseAscent);
     e.lowerCaseDescent = ToS16(std::abs(font_.lowerCaseDescent));
     e.slant = ToS16(font_.slant / 10);
-    e.superScript = ToS16(-(units / 2));
-    e.subScript = ToS16(units / 4);
-    e.superScriptSize = e.subScriptSize = ToS16(units / 2);
+    e.superScript = ToS16(-(em / 2));
+    e.subScript = ToS16(em / 4);
+    e.superScriptSize = e.subScriptSize = ToS16(em / 2);
     e.underlineOffset = ToS16(std::abs(font_.underscoreDepth));
     e.underlineWidth = ToS16(font_.underscoreThickness);
     e.doubleUpperOffset = e.underlineOffset;

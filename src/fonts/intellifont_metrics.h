@@ -15,8 +15,8 @@ struct IntellifontTarget {
   std::string_view shortName;   // may be empty
 };
 
-// Describes a font in the symbol set of its target; in that of Windows when the metrics do not have
-// it. False when no character can be found either way.
+// Describes a font in the symbol set of its target, or of Windows when that is empty. Where the metrics
+// lack the symbol set, characters are found by their symbols. False when none is found.
 bool DescribeIntellifont(const IntellifontMetrics& font, const IntellifontTarget& target,
                          WindowsMetrics* metrics);
 

@@ -155,6 +155,7 @@ bool ReadIntellifont(std::FILE* stream, std::string_view symbolSet, IntellifontM
       static_cast<std::uint32_t>(std::clamp<std::int64_t>(file.Number(kUnitsPerEm), 0, 32767));
   metrics->escapements = file.Words(kEscapements);
   metrics->symbols = file.Words(kSymbolMap);
+  if (metrics->escapements.size() > kNoRow || metrics->symbols.size() > kNoRow) return false;
   metrics->hasUnicode = file.Number(kSymbolType) == kUnicodeSymbols;
   ReadMeasures(file, metrics);
   if (!ReadKernPairs(file, metrics)) return false;

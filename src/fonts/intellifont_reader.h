@@ -53,7 +53,8 @@ struct IntellifontMetrics {
 inline constexpr std::uint16_t kNoRow = 0xFFFF;
 
 // Reads the file at whose start `stream` stands, with the symbol set of a code text such as "8U" (may
-// be empty). False when it is not such a file, or lacks a name, the em or the widths.
+// be empty). False when it is not such a file, lacks a name, the em or the widths, or has more rows
+// than numbers below kNoRow can tell.
 bool ReadIntellifont(std::FILE* stream, std::string_view symbolSet, IntellifontMetrics* metrics);
 
 }  // namespace zeapi

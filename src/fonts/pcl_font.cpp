@@ -5,7 +5,6 @@
 #include "base/byte_reader.h"
 #include "fonts/font_stream.h"
 #include "fonts/pcl_dump.h"
-#include "platform/files.h"
 
 namespace zeapi {
 namespace {
@@ -78,7 +77,7 @@ bool SkipPclHeaderCommand(std::FILE* stream, std::uint32_t* headerSize) {
 }
 
 Stream OpenPclFont(const char* path) {
-  Stream stream(platform::OpenStream(path, "rb"));
+  Stream stream(OpenFontFile(path, "rb"));
   FontHeaderCommand command;
   if (stream != nullptr && !ReadFontHeaderCommand(stream.get(), &command)) stream.reset();
   return stream;

@@ -13,7 +13,6 @@
 namespace zeapi {
 namespace {
 
-constexpr std::size_t kLongestFace = 31;         // of Windows
 constexpr std::uint32_t kPrinterOverhead = 320;  // bytes of printer memory beside the font's own
 
 // Quarter-dots into dots, rounded.
@@ -72,7 +71,7 @@ class PclDescription {
     return true;
   }
 
-  // The face with the symbol set in parentheses, in as much as Windows takes.
+  // The face with the symbol set in parentheses.
   void SetNames() {
     char face[64];
     metrics_.family = TypefaceFace(descriptor_.TypefaceNumber(), face, sizeof(face));
@@ -82,7 +81,7 @@ class PclDescription {
     const std::string text =
         suffix.empty() ? "(" + std::string(SymbolSetCode(descriptor_.symbolSet).text) + ")"
                        : std::string(suffix);
-    metrics_.face = name.substr(0, kLongestFace - 1 - text.size()) + " " + text;
+    metrics_.face = WindowsFace(name, text);
 
     metrics_.copyright = kMetricsNotice;
     metrics_.device = "PCL / HP LaserJet";
@@ -108,12 +107,11 @@ class PclDescription {
         m.widths[static_cast<std::size_t>(code)] = ToU16(Dots(character->advance));
     }
     SetWidthSummary(m.widths, &m);
-    if (m.fixedPitch) {
-      m.pixelWidth = ToU16(Pitch());
+    SetPixelWidth(ToU16(Pitch()), &m);
+    if (!m.hasWidths) {
       m.averageWidth = m.pixelWidth;
       m.maximumWidth = m.pixelWidth;
     }
-    m.hasWidths = !m.fixedPitch;
 
     const int twips = descriptor_.height * 360 / m.verticalResolution;
     m.points = ToU16((twips + 10) / 20);
@@ -194,14 +192,14 @@ class PclDescription {
       if (character != nullptr)
         m.extents[static_cast<std::size_t>(code)] = ToU16(character->advance);
     }
-    const int units = characters_.masterUnits;
+    const int em = characters_.masterUnits;
     ExtendedTextMetrics& e = m.extended;
-    e.masterUnits = ToS16(units);
+    e.masterUnits = ToS16(em);
     SetDefaultSize(&m);
-    const auto dots = [units](int value) { return ToU16(DotsAtDefaultSize(value, units)); };
+    const auto dots = [em](int measure) { return ToU16(DotsAtDefaultSize(measure, em)); };
     m.ascent = dots(descriptor_.baseline);
     m.pixelHeight = dots(descriptor_.cellHeight);
-    m.internalLeading = dots(std::max(0, descriptor_.cellHeight - units));
+    m.internalLeading = dots(std::max(0, descriptor_.cellHeight - em));
     SetOrientation();
     e.capHeight = ToS16(descriptor_.capHeight);
     e.xHeight = ToS16(descriptor_.xHeight);
@@ -209,8 +207,8 @@ class PclDescription {
     e.lowerCaseDescent = ToS16(std::max(0, descriptor_.cellHeight - descriptor_.baseline));
     SetScripts();
     // Both bytes are 0 in scalable fonts; a tenth and a twentieth of the em are usual.
-    e.underlineOffset = ToS16(units / 10);
-    e.underlineWidth = ToS16(units / 20);
+    e.underlineOffset = ToS16(em / 10);
+    e.underlineWidth = ToS16(em / 20);
     SetDoubleUnderline();
     e.strikeOutOffset = ToS16(descriptor_.xHeight / 2);
     e.strikeOutWidth = e.underlineWidth;

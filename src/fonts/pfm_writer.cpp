@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <limits>
+#include <tuple>
 
 #include "base/byte_writer.h"
 #include "platform/files.h"
@@ -166,9 +167,11 @@ class PfmFile {
   void KernPairs() {
     std::vector<AfmKernPair> pairs = metrics_.kernPairs;
     pairs.resize(KernPairCount());
-    const auto word = [](const AfmKernPair& pair) { return pair.second << 8 | pair.first; };
-    std::stable_sort(pairs.begin(), pairs.end(),
-                     [&](const AfmKernPair& a, const AfmKernPair& b) { return word(a) < word(b); });
+    const auto key = [](const AfmKernPair& pair) {
+      return std::tuple(pair.second, pair.first, pair.amount);
+    };
+    std::sort(pairs.begin(), pairs.end(),
+              [&](const AfmKernPair& a, const AfmKernPair& b) { return key(a) < key(b); });
     out_.U16Le(static_cast<std::uint16_t>(pairs.size()));
     for (const AfmKernPair& pair : pairs) {
       out_.U8(pair.first);
@@ -211,8 +214,12 @@ void SetDefaultSize(WindowsMetrics* metrics) {
     metrics->widths[code] = ToU16(DotsAtDefaultSize(metrics->extents[code], em));
   }
   SetWidthSummary(metrics->widths, metrics);
-  metrics->hasWidths = !metrics->fixedPitch;
-  metrics->pixelWidth = metrics->fixedPitch ? metrics->maximumWidth : std::uint16_t{0};
+  SetPixelWidth(metrics->maximumWidth, metrics);
+}
+
+void SetPixelWidth(std::uint16_t fixedWidth, WindowsMetrics* metrics) {
+  metrics->pixelWidth = metrics->fixedPitch ? fixedWidth : std::uint16_t{0};
+  metrics->hasWidths = metrics->pixelWidth == 0;
 }
 
 void SetWidthSummary(const std::array<std::uint16_t, 256>& table, WindowsMetrics* metrics) {

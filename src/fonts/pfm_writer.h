@@ -104,6 +104,10 @@ int DotsAtDefaultSize(int units, int masterUnits);
 // units: what they are at 12 points.
 void SetDefaultSize(WindowsMetrics* metrics);
 
+// Gives a PCL device one width for all characters of a fixed-pitch font, else a table: readers expect
+// one wherever there is no such width.
+void SetPixelWidth(std::uint16_t fixedWidth, WindowsMetrics* metrics);
+
 // Sets averageWidth and maximumWidth from those entries of a table that are not 0: first to last.
 void SetWidthSummary(const std::array<std::uint16_t, 256>& table, WindowsMetrics* metrics);
 

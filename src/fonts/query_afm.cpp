@@ -5,8 +5,8 @@
 #include "fonts/afm_reader.h"
 #include "fonts/field_text.h"
 #include "fonts/font_query.h"
+#include "fonts/font_stream.h"
 #include "fonts/replace_extension.h"
-#include "platform/files.h"
 
 namespace zeapi {
 namespace {
@@ -38,9 +38,9 @@ Result QueryAfm(const FontQuery& query) {
   if (needsInf && !CompanionExists(query, "INF")) {
     return query.option == 5 ? ZE_OK : ZE_UNSUPPORTED;
   }
-  const Stream afm(platform::OpenStream(query.path, "r"));
+  const Stream afm(OpenFontFile(query.path, "r"));
   if (afm == nullptr) return ZE_OPEN_FAILED;
-  const Stream inf(platform::OpenStream(ReplaceExtension(query.path, "INF").text, "r"));
+  const Stream inf(OpenFontFile(ReplaceExtension(query.path, "INF").text, "r"));
   if (needsInf && inf == nullptr) return query.option == 5 ? ZE_OK : ZE_OPEN_FAILED;
 
   const AfmMetricsPtr metrics = NewAfmMetrics(query.path);

@@ -6,7 +6,6 @@
 #include "fonts/field_text.h"
 #include "fonts/font_query.h"
 #include "fonts/font_stream.h"
-#include "platform/files.h"
 
 namespace zeapi {
 namespace {
@@ -19,7 +18,7 @@ constexpr std::size_t kFmfNameOffset = 52;
 
 Result QueryDlf(const FontQuery& query) {
   ZeFontInfo& info = *query.info;
-  const Stream stream(platform::OpenStream(query.path, "rb"));
+  const Stream stream(OpenFontFile(query.path, "rb"));
   if (stream == nullptr) return ZE_OPEN_FAILED;
   DescribeDlfFont(stream.get(), info.description, sizeof(info.description));
   if (info.description[0] == '\0') return ZE_BAD_FORMAT;
@@ -35,7 +34,7 @@ Result QueryDlf(const FontQuery& query) {
 
 Result QueryFmf(const FontQuery& query) {
   ZeFontInfo& info = *query.info;
-  const Stream stream(platform::OpenStream(query.path, "rb"));
+  const Stream stream(OpenFontFile(query.path, "rb"));
   if (stream == nullptr) return ZE_OPEN_FAILED;
   std::array<std::uint8_t, kFmfHeader> room;
   const auto header = ReadUpTo(stream.get(), room);

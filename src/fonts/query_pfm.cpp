@@ -3,13 +3,13 @@
 #include "fonts/cartridge.h"
 #include "fonts/field_text.h"
 #include "fonts/font_query.h"
+#include "fonts/font_stream.h"
 #include "fonts/pfm_block.h"
-#include "platform/files.h"
 
 namespace zeapi {
 
 Result QueryPfm(const FontQuery& query) {
-  const Stream stream(platform::OpenStream(query.path, "rb"));
+  const Stream stream(OpenFontFile(query.path, "rb"));
   PfmBlock block;
   if (stream == nullptr || !ReadPfmBlock(stream.get(), &block)) return ZE_BAD_FORMAT;
   const PfmName name = PfmFontName(block.bytes);
@@ -23,7 +23,7 @@ Result QueryPfm(const FontQuery& query) {
 }
 
 Result QueryPcm(const FontQuery& query) {
-  const Stream stream(platform::OpenStream(query.path, "rb"));
+  const Stream stream(OpenFontFile(query.path, "rb"));
   if (stream == nullptr) return ZE_BAD_FORMAT;
   CartridgePtr cartridge = ReadCartridge(stream.get());
   if (cartridge == nullptr) return ZE_BAD_FORMAT;

@@ -2,8 +2,8 @@
 #include "base/stream.h"
 #include "fonts/field_text.h"
 #include "fonts/font_query.h"
+#include "fonts/font_stream.h"
 #include "fonts/type1_names.h"
-#include "platform/files.h"
 
 namespace zeapi {
 namespace {
@@ -44,7 +44,7 @@ Result FindCompanions(const FontQuery& query) {
 }  // namespace
 
 Result QueryPfa(const FontQuery& query) {
-  const Stream stream(platform::OpenStream(query.path, "r"));
+  const Stream stream(OpenFontFile(query.path, "r"));
   if (stream == nullptr) return ZE_OPEN_FAILED;
   const Type1Name name = ReadPfaName(stream.get());
   if (name.text[0] == '\0') return ZE_BAD_FORMAT;
@@ -54,7 +54,7 @@ Result QueryPfa(const FontQuery& query) {
 }
 
 Result QueryPfb(const FontQuery& query) {
-  const Stream stream(platform::OpenStream(query.path, "rb"));
+  const Stream stream(OpenFontFile(query.path, "rb"));
   if (stream == nullptr) return ZE_OPEN_FAILED;
   const PfbNames names = ReadPfbNames(stream.get());
   if (names.name.text[0] == '\0') return ZE_BAD_FORMAT;

@@ -24,11 +24,12 @@ class TaggedFile {
   // Empty when there is none.
   std::string Text(unsigned tag) const;
 
-  // All values of a tag with 16 bits each, cut at the end of the file.
+  // All values of a tag whose values have 16 bits each; of another tag, none.
   std::vector<std::uint16_t> Words(unsigned tag) const;
 
-  // The bytes of a tag, read in the byte order of the file; of a tag that is not there or runs past
-  // the end, none.
+  // The bytes of a tag as they are in the file; of a tag that is not there, none. (No tag runs past
+  // the end: ReadDirectory() refuses such a file.) Read them with U16() and U32(), which know the byte
+  // order.
   std::span<const std::uint8_t> Bytes(unsigned tag) const;
   std::uint16_t U16(ByteReader* reader) const;
   std::uint32_t U32(ByteReader* reader) const;

@@ -26,13 +26,17 @@ bool TextLines::Next(std::string_view* line) {
   while (!ended && Fill()) {
     const auto from = block_.begin() + static_cast<std::ptrdiff_t>(begin_);
     const auto to = block_.begin() + static_cast<std::ptrdiff_t>(end_);
-    const auto stop = std::find_if(from, to, [](char c) { return c == '\n' || c == '\r'; });
+    const auto reach =
+        piece_ == 0 ? to - from : std::min(to - from, static_cast<std::ptrdiff_t>(piece_ - length));
+    if (reach == 0) break;
+    const auto stop =
+        std::find_if(from, from + reach, [](char c) { return c == '\n' || c == '\r'; });
     const std::size_t found = static_cast<std::size_t>(stop - from);
     const std::size_t kept = std::min(found, room_.size() - length);
     std::copy_n(from, kept, room_.data() + length);
     length += kept;
     begin_ += found;
-    ended = stop != to;
+    ended = stop != from + reach;
   }
   if (ended) afterReturn_ = block_[begin_++] == '\r';
   *line = {room_.data(), length};

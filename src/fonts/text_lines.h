@@ -8,10 +8,14 @@
 namespace zeapi {
 
 // Gives the lines of a stream one by one without their ends (LF, CR LF or CR). Of a line that is
-// longer than its room only the beginning is given. The stream is read ahead, in blocks.
+// longer than its room only the beginning is given, or, where lines come in pieces, one piece after the
+// other as lines of their own. The stream is read ahead, in blocks.
 class TextLines {
  public:
+  static constexpr std::size_t kRoom = 1024;
+
   explicit TextLines(std::FILE* stream) : stream_(stream) {}
+  TextLines(std::FILE* stream, std::size_t piece) : stream_(stream), piece_(piece) {}
 
   // False at the end of the text. `line` is valid until the next call.
   bool Next(std::string_view* line);
@@ -21,7 +25,8 @@ class TextLines {
   bool Fill();
 
   std::FILE* stream_;
-  std::array<char, 1024> room_;
+  std::size_t piece_ = 0;  // 0: lines come whole
+  std::array<char, kRoom> room_;
   std::array<char, 4096> block_;
   std::size_t begin_ = 0;
   std::size_t end_ = 0;

@@ -11,15 +11,15 @@ namespace zeapi {
 class TrueTypeAdvances {
  public:
   // Finds the tables in the segments that begin at an offset of the header. False when they are not
-  // there. The header is looked at until the last call of Of().
+  // there or cut short. The header must outlive the calls of Of().
   bool Read(std::span<const std::uint8_t> header, std::size_t segments);
 
-  // 0 for a glyph that the table does not reach.
+  // Glyphs beyond the table advance by as much as its last entry says.
   int Of(std::uint16_t glyph) const;
 
  private:
   std::span<const std::uint8_t> table_;
-  std::uint16_t count_ = 0;  // of entries; later glyphs are as wide as the last
+  std::uint16_t count_ = 0;  // of entries
 };
 
 }  // namespace zeapi

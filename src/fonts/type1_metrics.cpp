@@ -6,6 +6,7 @@
 #include "fonts/metrics_notice.h"
 #include "fonts/scalable_selection.h"
 #include "fonts/typeface_table.h"
+#include "fonts/windows_metrics_codes.h"
 
 namespace zeapi {
 namespace {
@@ -62,7 +63,9 @@ int BoxOr(const AfmCharacter& letter, int side, int otherwise) {
 }
 
 void SetExtended(const AfmMetrics& afm, ExtendedTextMetrics* extended) {
-  const AfmCharacter* letters = afm.byWindowsCode;
+  const auto letter = [&afm](char name) -> const AfmCharacter& {
+    return afm.byWindowsCode[static_cast<unsigned char>(name)];
+  };
   const int thickness = afm.underlineThickness;
   const int underline =
       -afm.underlinePosition - thickness / 2;  // the font says where its middle is
@@ -71,10 +74,10 @@ void SetExtended(const AfmMetrics& afm, ExtendedTextMetrics* extended) {
   extended->maxScale = 1000;
   extended->masterUnits = kUnitsPerEm;
   extended->capHeight =
-      ToS16(afm.capHeight != 0 ? afm.capHeight : BoxOr(letters['H'], 3, afm.ascender));
-  extended->xHeight = ToS16(BoxOr(letters['x'], 3, 0));
-  extended->lowerCaseAscent = ToS16(BoxOr(letters['d'], 3, afm.ascender));
-  extended->lowerCaseDescent = ToS16(std::max(0, -BoxOr(letters['p'], 1, afm.descender)));
+      ToS16(afm.capHeight != 0 ? afm.capHeight : BoxOr(letter('H'), 3, afm.ascender));
+  extended->xHeight = ToS16(BoxOr(letter('x'), 3, 0));
+  extended->lowerCaseAscent = ToS16(BoxOr(letter('d'), 3, afm.ascender));
+  extended->lowerCaseDescent = ToS16(std::max(0, -BoxOr(letter('p'), 1, afm.descender)));
   extended->slant = ToS16(-afm.italicAngle);
   extended->superScript = -500;
   extended->subScript = 250;
@@ -122,10 +125,10 @@ Result DescribeType1(const AfmMetrics& afm, WindowsMetrics* metrics) {
   metrics->characterSet = afm.standardEncoding ? kAnsiCharacters : kSymbolCharacters;
   SetStyle(afm, metrics);
   metrics->device = "PostScript";
-  metrics->face = FaceOf(afm);
+  metrics->face = WindowsFace(FaceOf(afm), "");
   metrics->postScriptName = afm.fontName;
   const AfmCharacter* all = Characters(afm);
-  for (int code = 0; code < 256; ++code) metrics->extents[code] = ToU16(all[code].width);
+  for (unsigned code = 0; code < 256; ++code) metrics->extents[code] = ToU16(all[code].width);
   metrics->hasExtents = true;
   SetWidthSummary(metrics->extents, metrics);
   SetExtended(afm, &metrics->extended);

@@ -61,7 +61,8 @@ class SlashWindows {
 Type1Name ReadPfaName(std::FILE* stream) {
   constexpr std::string_view kStart = "/FontName /";
   Type1Name name = {};
-  TextLines lines(stream);
+  constexpr std::size_t kLongestLine = 255;  // the rest of a longer one is a line of its own
+  TextLines lines(stream, kLongestLine);
   for (std::string_view line; lines.Next(&line);) {
     if (line.starts_with(kStart)) {
       SetField(name.text, UpToWhiteSpace(line.substr(kStart.size())));

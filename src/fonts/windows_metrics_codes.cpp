@@ -21,6 +21,8 @@ constexpr Row kSymbolSets[] = {
     {529, {0xBA, 19, ""}},           // 16Q
 };
 
+constexpr std::size_t kLongestFace = 31;
+
 constexpr std::uint16_t kWeights[] = {100, 100, 200, 200, 300, 300, 400, 400,
                                       500, 600, 700, 700, 800, 800, 900};
 
@@ -31,6 +33,12 @@ WindowsSymbolSet WindowsSymbolSetOf(std::uint16_t symbolSet, std::uint8_t fontTy
     if (row.symbolSet == symbolSet) return row.windows;
   }
   return {0, static_cast<std::uint8_t>(fontType != 0 ? 17 : 16), ""};
+}
+
+std::string WindowsFace(std::string_view name, std::string_view suffix) {
+  if (suffix.empty()) return std::string(name.substr(0, kLongestFace));
+  std::string face(name.substr(0, kLongestFace - 1 - suffix.size()));
+  return face.append(" ").append(suffix);
 }
 
 std::uint16_t WindowsWeight(std::int8_t strokeWeight) {

@@ -2,6 +2,8 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
+#include <string_view>
 
 namespace zeapi {
 
@@ -13,6 +15,10 @@ struct WindowsSymbolSet {
 
 // `fontType` is the descriptor's font type byte.
 WindowsSymbolSet WindowsSymbolSetOf(std::uint16_t symbolSet, std::uint8_t fontType);
+
+// A face name with a suffix behind a blank, unless that is empty. The name is cut so that the whole
+// has 31 characters, as many as Windows takes.
+std::string WindowsFace(std::string_view name, std::string_view suffix);
 
 // 100 to 900; 0 for a stroke weight outside -7 to 7.
 std::uint16_t WindowsWeight(std::int8_t strokeWeight);

@@ -50,4 +50,17 @@ Result GenQueClose(GenQueContext* ctx);
 // `ctx->error`.
 bool QueueFailed(GenQueContext* ctx);
 
+// Closes the queue at the end of its scope if nothing has closed it before: when memory runs out in
+// the middle of a job.
+class QueueCloser {
+ public:
+  explicit QueueCloser(GenQueContext* ctx) : ctx_(ctx) {}
+  ~QueueCloser() { GenQueClose(ctx_); }
+  QueueCloser(const QueueCloser&) = delete;
+  QueueCloser& operator=(const QueueCloser&) = delete;
+
+ private:
+  GenQueContext* const ctx_;
+};
+
 }  // namespace zeapi

@@ -12,19 +12,10 @@ namespace {
 // one that was set for its language, for as long as the process lives. Callers rely on it.
 auto selectLanguage = pjl::kSelectLanguage;
 
-const char* DeviceName(std::int32_t device) {
-  const bool known = device >= 0 && device < static_cast<std::int32_t>(pjl::kDeviceTable.size());
-  return known ? pjl::kDeviceTable[static_cast<std::size_t>(device)] : "";
-}
-
 const char* LanguageName(std::int32_t language) {
   const bool known =
       language >= 0 && language < static_cast<std::int32_t>(pjl::kLanguageNames.size());
   return known ? pjl::kLanguageNames[static_cast<std::size_t>(language)] : nullptr;
-}
-
-void WriteUniversalExit(GenQueContext* ctx) {
-  GenQueWrite(pjl::kUniversalExit, sizeof(pjl::kUniversalExit) - 1, ctx);
 }
 
 void WriteDownloadTarget(GenQueContext* ctx, std::int32_t device) {
@@ -47,6 +38,15 @@ void WriteCommand(GenQueContext* ctx, const char* format, ...) {
   if (formatted < 0) return;
   const auto length = static_cast<std::uint32_t>(formatted);
   GenQueWrite(text, length < sizeof(text) ? length : sizeof(text) - 1, ctx);
+}
+
+void WriteUniversalExit(GenQueContext* ctx) {
+  GenQueWrite(pjl::kUniversalExit, sizeof(pjl::kUniversalExit) - 1, ctx);
+}
+
+const char* DeviceName(std::int32_t device) {
+  const bool known = device >= 0 && device < static_cast<std::int32_t>(pjl::kDeviceTable.size());
+  return known ? pjl::kDeviceTable[static_cast<std::size_t>(device)] : "";
 }
 
 bool TakesPjl(const GenQueContext& ctx) { return (ctx.destination->flags & ZE_FLAG_PJL) != 0; }

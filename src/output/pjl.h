@@ -24,6 +24,12 @@ void WriteSequence(GenQueContext* ctx, const std::array<std::uint8_t, size>& seq
 bool TakesPjl(const GenQueContext& ctx);
 bool TakesBracketK(const GenQueContext& ctx);
 
+// The universal exit, whatever the printer takes.
+void WriteUniversalExit(GenQueContext* ctx);
+
+// Name of a storage device, ZE_DEVICE_..., as commands spell it; "" for any other number.
+const char* DeviceName(std::int32_t device);
+
 // The frame of a job for a printer that takes PJL; nothing for any other.
 //
 // Header: universal exit, ready message with the job's name, switch to the job's language; with copies

@@ -1,5 +1,5 @@
-// What the record parsers write to the debug log. The line numbers are fixed data, as those of every
-// module are.
+// What the record parsers write to the debug log, each line with a number that tells it from the others of
+// its module.
 #pragma once
 
 #include <cstdio>

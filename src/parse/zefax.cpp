@@ -61,7 +61,9 @@ class AccountReader {
   bool ReadGroups(void* record, std::span<const JobAccountField> fields) {
     if (record == nullptr) return false;
     return Children([&](std::int32_t, const AlertElement& group) {
-      if (group.type != kAlertContainer) return Skip(group);
+      const bool known = std::any_of(fields.begin(), fields.end(),
+                                     [&](const auto& field) { return field.group == group.id; });
+      if (!known || group.type != kAlertContainer) return Skip(group);
       return Children([&](std::int32_t, const AlertElement& element) {
         const auto field = std::find_if(fields.begin(), fields.end(), [&](const auto& candidate) {
           return candidate.group == group.id && candidate.element == element.id;
@@ -83,7 +85,7 @@ class AccountReader {
       const auto kept = bytes.first(std::min(bytes.size(), field.textSize - 1));
       std::fill_n(std::copy(kept.begin(), kept.end(), record + field.offset),
                   field.textSize - kept.size(), std::uint8_t{0});
-      return kept.size() == bytes.size();
+      return true;
     }
     return Skip(element);
   }

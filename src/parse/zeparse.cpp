@@ -67,26 +67,25 @@ void ZeAlertParser::ReadKeys() {
     const auto rest = std::span(copy_).subspan(reader_.position(), reader_.remaining());
     const std::string_view text(reinterpret_cast<const char*>(rest.data()), rest.size());
     const std::size_t end = text.find('}');
-    if (CutShort() || end == std::string_view::npos || !ReadKey(key, text.substr(0, end))) {
-      CutShortHere();
-      return;
-    }
+    if (CutShort() || end == std::string_view::npos) return CutShortHere();
+    ReadKey(key, text.substr(0, end));
     reader_.Skip(end + 1);
   }
 }
 
-// Pairs of a definition name and a length; false for a name that is not known.
-bool ZeAlertParser::ReadKey(int key, std::string_view text) {
+// Pairs of a definition name and a length, up to one with a name that is not known.
+void ZeAlertParser::ReadKey(int key, std::string_view text) {
   auto& fields = keys_[static_cast<std::size_t>(key)];
   for (;;) {
     const Definition* definition = FindDefinition(text);
-    if (definition == nullptr) return false;
+    if (definition == nullptr) return;
     text.remove_prefix(definition->name.size());
     const Field field{definition->id, LengthAt(text.substr(text.empty() ? 0 : 1))};
     parse_log::KeyField(kKeyNames[key], field.definition, field.length);
-    fields.push_back(field);
+    // Fields without bytes would be walked again for every element and change nothing.
+    if (field.length != 0 || field.definition == kData) fields.push_back(field);
     const std::size_t comma = text.find(',');
-    if (comma == std::string_view::npos) return true;
+    if (comma == std::string_view::npos) return;
     text.remove_prefix(comma + 1);
   }
 }
@@ -131,26 +130,29 @@ ZeAlertParser::ContainerHeader ZeAlertParser::ReadContainerHeader() {
   return header;
 }
 
-// Hands the data's length to `takeData` where the data stands.
+// Hands the data's length to `takeData` where the data stands: at the end when the key does not name it.
 template <typename TakeData>
 void ZeAlertParser::ReadDataHeader(TakeData takeData) {
   std::int32_t length = 0;
+  bool taken = false;
   for (const Field& field : keys_[kDataKey]) {
     if (field.definition == kData) {
       takeData(length);
+      taken = true;
     } else if (field.definition == kContentLength) {
       length = ReadField(field.length);
     } else {
       Take(field.length);
     }
   }
+  if (!taken) takeData(length);
 }
 
 std::int32_t ZeAlertParser::EnterContainer() {
   const ContainerHeader header = ReadContainerHeader();
   // A child takes a byte at least: what is asked for below never costs more than the record did.
-  if (header.childCount > BytesLeft()) CutShortHere();
-  return CutShort() || header.childCount < 0 ? 0 : header.childCount;
+  if (header.childCount < 0 || header.childCount > BytesLeft()) CutShortHere();
+  return CutShort() ? 0 : header.childCount;
 }
 
 std::int32_t ZeAlertParser::ReadInteger() {

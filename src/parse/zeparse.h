@@ -59,7 +59,7 @@ class ZeAlertParser {
   };
 
   void ReadKeys();
-  bool ReadKey(int key, std::string_view text);
+  void ReadKey(int key, std::string_view text);
   std::int32_t ReadField(std::int32_t length);
   std::span<const std::uint8_t> Take(std::int32_t length);
   ContainerHeader ReadContainerHeader();

@@ -85,6 +85,14 @@ TEST_F(FontDownloadTest, FontThatTheQueryRefusesGivesItsResult) {
   EXPECT_TRUE(NothingSent());
 }
 
+TEST_F(FontDownloadTest, FolderNamedLikeAFontDoesNotOpen) {
+  for (const char* name : {"x.pfa", "x.pfb", "x.dlf"}) {
+    std::filesystem::create_directory(name);
+    EXPECT_EQ(Download(name), ZE_OPEN_FAILED) << name;
+  }
+  EXPECT_TRUE(NothingSent());
+}
+
 TEST_F(FontDownloadTest, MetricFilesAreNoFonts) {
   WriteFile("font.pfm", PfmFile{}.File());
   WriteFile("font.fmf", FmfFile("Courier"));
@@ -184,6 +192,18 @@ TEST_F(FontDownloadTest, BracketKPrinterGetsCopiesButNoEndOfJob) {
                                                     font +
                                                     Bytes("\x1B*c5F"
                                                           "\x1B[K\x03\0\x06\xC0\x32"));
+}
+
+TEST_F(FontDownloadTest, KeepsTheChannelOfAnEarlierJob) {
+  const std::string once = Bytes(
+                               "\x1B[K\x03\0\x06\x32\x02"
+                               "\x1B*c10D") +
+                           WriteBitmap() + "\x1B*c5F";
+  destination.flags = ZE_FLAG_BRACKET_K;
+  destination.channel = '2';
+  EXPECT_BYTES(JobOf(kBitmap), once);
+  destination.channel = 0;
+  EXPECT_BYTES(JobOf(kBitmap), once);
 }
 
 TEST_F(FontDownloadTest, KeepsBothBeginningsForAPrinterOfBothSets) {

@@ -179,6 +179,32 @@ TEST_F(AfmReaderTest, ItemsComeInAnyOrderAndSpacing) {
   EXPECT_EQ(metrics.byWindowsCode['A'].box[3], 4);
   EXPECT_EQ(metrics.byFontCode['A'].width, 600);
   EXPECT_EQ(metrics.byWindowsCode['B'].width, 5);
+  EXPECT_EQ(metrics.byFontCode['B'].width, 5);
+}
+
+TEST_F(AfmReaderTest, CodesMayBeHexadecimal) {
+  const AfmMetrics& metrics =
+      Afm("EncodingScheme FontSpecific\nStartCharMetrics 5\nCH <fF> ; WX 1 ; N last ;\n"
+          "CH 10 ; WX 2 ; N bare ;\nCH <> ; WX 3 ;\nCH <100> ; WX 4 ;\nCH <-1> ; WX 5 ;\n"
+          "EndCharMetrics\nStartKernData\nStartKernPairs 1\nKPX last bare 7\n");
+  EXPECT_EQ(metrics.byFontCode[0xFF].width, 1);
+  EXPECT_EQ(metrics.byFontCode[0x10].width, 2);
+  EXPECT_FALSE(metrics.byFontCode[0].present);
+  EXPECT_FALSE(metrics.byFontCode[1].present);
+  ASSERT_EQ(metrics.kernPairCount, 1U);
+  EXPECT_EQ(metrics.kernPairs[0].first, 0xFF);
+  EXPECT_EQ(metrics.kernPairs[0].second, 0x10);
+}
+
+// So the names cannot grow with the file.
+TEST_F(AfmReaderTest, CodeHasTheFirstOfItsNames) {
+  const AfmMetrics& metrics =
+      Afm("EncodingScheme FontSpecific\nStartCharMetrics 2\nC 33 ; WX 1 ; N one ;\n"
+          "C 33 ; WX 2 ; N two ;\nEndCharMetrics\nStartKernData\nStartKernPairs 2\n"
+          "KPX one one 7\nKPX two two 8\n");
+  EXPECT_EQ(metrics.byFontCode[33].width, 2);
+  ASSERT_EQ(metrics.kernPairCount, 1U);
+  EXPECT_EQ(metrics.kernPairs[0].amount, 7);
 }
 
 TEST_F(AfmReaderTest, UnknownGlyphsAndCodesAreSkipped) {

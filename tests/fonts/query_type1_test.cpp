@@ -30,6 +30,16 @@ class QueryType1Test : public FontTest {
   }
 };
 
+TEST_F(QueryType1Test, PfaLinesAreReadIn255Characters) {
+  ASSERT_EQ(QueryPfa(std::string(255, 'x') + "/FontName /Piece def\n"), ZE_OK);
+  EXPECT_STREQ(info.description, "Piece");
+  ASSERT_EQ(QueryPfa(std::string(510, 'x') + "/FontName /Second\n"), ZE_OK);
+  EXPECT_STREQ(info.description, "Second");
+  for (const std::size_t before : {1U, 254U, 256U}) {
+    EXPECT_EQ(QueryPfa(std::string(before, 'x') + "/FontName /Courier\n"), ZE_BAD_FORMAT) << before;
+  }
+}
+
 TEST_F(QueryType1Test, PfaFillsTheRecord) {
   const std::string text = kPfaText + std::string(10000, '0');
   ASSERT_EQ(QueryPfa(text), ZE_OK);

@@ -88,6 +88,9 @@ TEST_F(ZeFaxTest, FillsTheTotals) {
   EXPECT_EQ(int{totals.value2_7}, 7);
   EXPECT_STREQ(totals.text2_8, "nine char");
   EXPECT_EQ(int{totals.value3_1}, 501);
+  EXPECT_EQ(int{totals.value3_2}, 502);
+  EXPECT_EQ(int{totals.value3_3}, 503);
+  EXPECT_EQ(int{totals.value3_4}, 504);
   EXPECT_EQ(int{totals.value3_5}, 505);
 }
 
@@ -125,17 +128,45 @@ TEST_F(ZeFaxTest, WhatHasNoFieldIsSkipped) {
   EXPECT_EQ(std::memcmp(account->job, &expected, sizeof expected), 0);
 }
 
-TEST_F(ZeFaxTest, ATextThatFillsItsFieldIsCutAndEndsTheRecord) {
+TEST_F(ZeFaxTest, TextsAreCutToTheirFields) {
+  const std::string text = "0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz";
+  const JobAccount account = ParseElements(Container(
+      1,
+      {Container(2, {Container(1, {Text(7, text), Integer(8, 4), Text(11, text)}),
+                     Container(2, {Text(1, text), Text(2, text), Text(3, text), Integer(4, 5)})}),
+       Container(3, {Container(2, {Text(6, text), Integer(7, 8), Text(8, text)}),
+                     Numbers(3, 1, 5, 500)})}));
+  ASSERT_NE(account->job, nullptr);
+  EXPECT_EQ(account->job->text1_7, text.substr(0, 9));
+  EXPECT_EQ(int{account->job->value1_8}, 4);
+  EXPECT_EQ(account->job->text1_11, text.substr(0, 15));
+  EXPECT_EQ(account->job->text2_1, text.substr(0, 40));
+  EXPECT_EQ(account->job->text2_2, text.substr(0, 20));
+  EXPECT_EQ(account->job->text2_3, text.substr(0, 20));
+  EXPECT_EQ(int{account->job->value2_4}, 5);
+  ASSERT_NE(account->totals, nullptr);
+  EXPECT_EQ(account->totals->text2_6, text.substr(0, 15));
+  EXPECT_EQ(int{account->totals->value2_7}, 8);
+  EXPECT_EQ(account->totals->text2_8, text.substr(0, 9));
+  EXPECT_EQ(int{account->totals->value3_5}, 505);
+}
+
+TEST_F(ZeFaxTest, UnknownGroupsAreSkippedByTheirLength) {
+  const JobAccount account =
+      ParseElements(Container(1, {Container(2, {Container(9, 0, std::string("\1\1\1\5zz")),
+                                                Container(9, 3, "zz"), Numbers(1, 1, 1, 6)}),
+                                  Container(3, {Container(4, 9, "zz"), Numbers(1, 1, 1, 30)})}));
+  ASSERT_NE(account->job, nullptr);
+  EXPECT_EQ(int{account->job->value1_1}, 7);
+  ASSERT_NE(account->totals, nullptr);
+  EXPECT_EQ(int{account->totals->value1_1}, 31);
+}
+
+TEST_F(ZeFaxTest, ATextMayFillItsFieldButForTheTerminator) {
   const JobAccount fits = ParseElements(
       Container(1, {Container(2, {Container(1, {Text(7, "123456789"), Integer(8, 4)})})}));
   EXPECT_STREQ(fits->job->text1_7, "123456789");
   EXPECT_EQ(int{fits->job->value1_8}, 4);
-  const JobAccount cut = ParseElements(
-      Container(1, {Container(2, {Container(1, {Text(7, "1234567890"), Integer(8, 4)})}),
-                    Container(3, {Numbers(1, 1, 1, 30)})}));
-  EXPECT_STREQ(cut->job->text1_7, "123456789");
-  EXPECT_EQ(int{cut->job->value1_8}, 0);
-  EXPECT_EQ(cut->totals, nullptr);
 }
 
 TEST_F(ZeFaxTest, AShorterTextLeavesNothingOfALongerOne) {

@@ -126,13 +126,50 @@ TEST_F(ZeParseTest, APairWithoutALengthTakesNoBytes) {
   EXPECT_EQ(parser.ReadElement().id, 4);
 }
 
-TEST_F(ZeParseTest, AnUnknownNameEndsTheRecord) {
-  for (const char* key : {"ID:1,XX:2,DT:1", "", "ID:1,", ",ID:1", "id:1"}) {
+TEST_F(ZeParseTest, AnUnknownNameEndsItsKeyAlone) {
+  ZeAlertParser& parser = Parse(Record(Keys("ID:1,DT:1,XX:2,VN:1", "NE:1,,LD:1", "LD:1,DA:0,xx:1"),
+                                       Integer(4, 5) + ElementHead(5, 0) + "\1" + Integer(6, 7)));
+  EXPECT_EQ(parser.ReadElement().id, 4);
+  EXPECT_EQ(parser.ReadInteger(), 5);
+  EXPECT_EQ(parser.ReadElement().id, 5);
+  EXPECT_EQ(parser.EnterContainer(), 1);
+  EXPECT_EQ(parser.ReadElement().id, 6);
+  EXPECT_EQ(parser.ReadInteger(), 7);
+}
+
+TEST_F(ZeParseTest, KeysWithoutAKnownNameDeclareNothing) {
+  for (const char* key : {"", "XX:2", ",ID:1", "id:1"}) {
     SCOPED_TRACE(key);
-    ZeAlertParser& parser = Parse(Record(Keys(key, "NE:1", "LD:1,DA:0"), Integer(4, 5)));
-    EXPECT_TRUE(parser.Ended());
-    EXPECT_EQ(parser.BytesLeft(), 0);
+    ZeAlertParser& parser = Parse(Record(Keys(key, "NE:1", "LD:1,DA:0"), "abc"));
+    EXPECT_EQ(parser.BytesLeft(), 3);
+    EXPECT_EQ(parser.ReadElement().id, 0);
+    EXPECT_EQ(parser.BytesLeft(), 3);
   }
+}
+
+TEST_F(ZeParseTest, AKeyWithoutItsEndEndsTheRecord) {
+  for (const char* keys : {"", "P", "P{ID:1,DT:1", "P{ID:1}C{NE:1}D{LD:1"}) {
+    SCOPED_TRACE(keys);
+    EXPECT_TRUE(Parse(Record(keys, "")).CutShort());
+  }
+}
+
+TEST_F(ZeParseTest, DataThatTheKeyDoesNotNameFollowsItsFields) {
+  ZeAlertParser& parser =
+      Parse(Record(Keys("ID:1,DT:1", "NE:1,LD:1", "LD:1,TD:2"),
+                   ElementHead(1, 2) + "\3TTabc" + ElementHead(2, 1) + "\1TT\7"));
+  parser.ReadElement();
+  EXPECT_EQ(AsText(parser.ReadBytes()), "abc");
+  EXPECT_EQ(parser.ReadElement().id, 2);
+  EXPECT_EQ(parser.ReadInteger(), 7);
+}
+
+TEST_F(ZeParseTest, DataInFrontOfItsLengthIsEmpty) {
+  ZeAlertParser& parser =
+      Parse(Record(Keys("ID:1,DT:1", "NE:1,LD:1", "DA:0,LD:1"), ElementHead(1, 2) + "\3abc"));
+  parser.ReadElement();
+  EXPECT_EQ(AsText(parser.ReadBytes()), "");
+  EXPECT_EQ(parser.BytesLeft(), 3);
 }
 
 TEST_F(ZeParseTest, LengthsThatNoRecordHoldsEndTheRecord) {
@@ -163,11 +200,14 @@ TEST_F(ZeParseTest, ANegativeDataLengthEndsTheRecord) {
   EXPECT_TRUE(parser.CutShort());
 }
 
-TEST_F(ZeParseTest, ANegativeChildCountIsNoChildren) {
-  ZeAlertParser& parser = Parse(Record(Container(1, 0xFF, "ab")));
-  parser.ReadElement();
-  EXPECT_EQ(parser.EnterContainer(), 0);
-  EXPECT_FALSE(parser.CutShort());
+TEST_F(ZeParseTest, ChildCountsThatNoRecordHoldsEndTheRecord) {
+  for (const std::string& count : {BigEndian(0x80000000, 4), BigEndian(-1, 4), BigEndian(3, 4)}) {
+    ZeAlertParser& parser =
+        Parse(Record(Keys("ID:1,DT:1", "NE:4", "LD:1,DA:0"), ElementHead(1, 0) + count + "ab"));
+    parser.ReadElement();
+    EXPECT_EQ(parser.EnterContainer(), 0);
+    EXPECT_TRUE(parser.CutShort());
+  }
 }
 
 TEST_F(ZeParseTest, ChildrenWithoutBytesEndTheRecord) {

@@ -1,5 +1,6 @@
 #include "support/fonts.h"
 
+#include <algorithm>
 #include <cstring>
 
 namespace zeapi::testing {
@@ -105,6 +106,10 @@ void FontTest::TearDown() {
 
 std::uint32_t FontTest::Query(const std::string& path, std::uint32_t option) {
   return QueryInto(path, option, 1);
+}
+
+void FontTest::SetMetricsFile(std::string_view path) {
+  *std::copy(path.begin(), path.end(), info.metricsFile) = '\0';
 }
 
 std::uint32_t FontTest::QueryWithoutMetricFiles(const std::string& path) {

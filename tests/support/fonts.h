@@ -97,6 +97,8 @@ class FontTest : public ScratchTest {
                              std::uint32_t expected, std::uint32_t option = 0);
 
   static std::filesystem::path DumpFile() { return DriveC() / "apifonts.txt"; }
+  // The record's path of a metrics file.
+  void SetMetricsFile(std::string_view path);
   static void Touch(const std::string& path) { WriteFile(path, "x"); }
 
   ZeFontInfo info = {};

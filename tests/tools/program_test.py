@@ -56,6 +56,23 @@ class ProgramTest(unittest.TestCase):
 class Smoke(ProgramTest):
     """What is tried on every host."""
 
+    def test_pclxl_list_shows_operators_and_why_a_job_cannot_be_stored(self):
+        page = b"\xc0\x02\xf8\x25\x43\x85\x44"
+        header = b") HP-PCL XL;1;1;\n\x41"
+        path = os.path.join(self.folder, "page.xl")
+        for pages, code, end in ((1, 0, "\n    &EndSession;\n5 operators"),
+                                 (2, 46, "ERROR. (code = 51, op = 0x43, pos = 5)\n\n")):
+            with open(path, "wb") as file:
+                file.write(UEL + header + page * pages + b"\x42" + UEL)
+            done = self.run_program("pclxl", "list", "page.xl", exit_code=code)
+            self.assertIn('\n    &Ubyte("eA4Paper"); &MediaSize;\n    &BeginPage;\n', done.stdout)
+            self.assertIn(end, done.stdout)
+            answer = json.loads(self.run_program("pclxl", "list", "page.xl", "--json",
+                                                 exit_code=code).stdout)
+            self.assertEqual(answer["code"], 0 if code == 0 else 51)
+            self.assertEqual(answer["operators"], 5)
+        self.run_program("pclxl", "list", "none.xl", exit_code=2)
+
     def test_info_answers_in_json(self):
         info = self.answer("info")
         self.assertEqual(info["version"], 930)
@@ -205,6 +222,108 @@ class Archives(ProgramTest):
         self.write("bad.zip", b"no archive")
         done = self.run_program("archive", "extract", "bad.zip", exit_code=27)
         self.assertIn("zeapi: cannot extract bad.zip", done.stderr)
+class Macros(ProgramTest):
+    def test_create_puts_a_file_between_start_and_stop(self):
+        self.write("logo.pcl", b"logo")
+        answer = self.answer("macro", "create", "logo.pcl", "-p", "out", "--id", "7", "--chain", "9")
+        self.assertEqual((answer["file"], answer["printer"], answer["id"]), ("logo.pcl", "out", 7))
+        self.assertEqual(self.read("out"), b"\x1b&f7y0X\x1b&f9y3x7Ylogo\x1b&f1X")
+
+    def test_fixup_with_and_without_options(self):
+        self.write("logo.pcl", b"\x1bE\x0clogo")
+        self.run_program("macro", "create", "logo.pcl", "-p", "out", "--fixup")
+        self.assertEqual(self.read("out"), b"\x1b&f0y0Xlogo\x1b&f1X")
+        self.run_program("macro", "create", "logo.pcl", "-p", "out", "--fixup-options", "2")
+        self.assertEqual(self.read("out"), b"\x1b&f0y0X\x1bElogo\x1b&f1X")
+
+    def test_send_in_each_mode(self):
+        self.write("logo.pcl", b"logo")
+        for mode, job in (
+            ("once", b"\x1b&f7y0Xlogo\x1b&f1X\x1b&f7y4X\xff\x0c\x1b&f7y5X"),
+            ("store", b"\x1b&f7y0Xlogo\x1b&f1X\x1b&f7y10X"),
+            ("raw", b"logo\x1b&f7y10X"),
+        ):
+            answer = self.answer(
+                "macro", "send", "logo.pcl", "-p", "out", "--id", "7", "--mode", mode)
+            self.assertEqual((answer["mode"], answer["device"]), (mode, "ram"))
+            self.assertEqual(self.read("out"), job)
+        self.run_program(
+            "macro", "send", "logo.pcl", "-p", "out", "--unwrapped", "--id", "7")
+        self.assertEqual(self.read("out"), b"logo\x1b&f7y10X")
+
+    def test_send_a_postscript_demo_to_a_device(self):
+        self.write("page.ps", b"page")
+        self.run_program(
+            "macro", "send", "page.ps", "-p", "out", "--language", "postscript", "--device",
+            "disk1", "--name", "show", "--demo",
+        )  # fmt: skip
+        self.assertIn(b"/writefile (%disk1%show.demo) (w) file def\n", self.read("out"))
+
+    def test_send_pcl_xl_is_not_wrapped(self):
+        self.write("page", b"page")
+        self.run_program("macro", "send", "page", "-p", "out", "--language", "pclxl")
+        self.assertEqual(
+            self.read("out"),
+            b"@PJL SET LDOWNLOADTARGET = ram\n@PJL ENTER LANGUAGE = PCLXL\npage")
+
+    def test_enable_disable_delete(self):
+        for verb, job in (
+            ("enable", b"\x1b&f7y4X"), ("disable", b"\x1b&f7y5X"), ("delete", b"\x1b&f7y8X\0")
+        ):  # fmt: skip
+            self.assertEqual(self.answer("macro", verb, "--id", "7", "-p", "out")["id"], 7)
+            self.assertEqual(self.read("out"), job)
+        self.run_program("macro", "enable", "-p", "out", exit_code=64)
+
+    def test_check(self):
+        self.write("good.pcl", b"text")
+        self.write("bad.pcl", b"text\x1b&f1X")
+        done = self.run_program("macro", "check", "good.pcl")
+        self.assertEqual(done.stdout, "good.pcl may be stored as a macro.\n")
+        self.run_program("macro", "check", "bad.pcl", exit_code=27)
+        self.run_program("macro", "check", "bad.pcl", "--fixup-options", "2048")
+        self.run_program("macro", "check", "good.pcl", "--language", "pclxl", exit_code=6)
+
+    def test_list(self):
+        os.mkdir(os.path.join(self.folder, "folder"))
+        for name, data in (("a.pcl", b"text"), ("b.pcl", b"\x1b&f1X"), ("c.exe", b"")):
+            self.write(os.path.join("folder", name), data)
+        self.assertEqual(
+            self.answer("macro", "list", "folder")["macros"],
+            [{"path": "folder\\a.pcl", "size": 4}])
+        self.assertEqual(
+            self.run_program("macro", "list", "folder").stdout,
+            "         4  folder\\a.pcl\nFiles: 1\n")
+        self.run_program("macro", "list", "none", exit_code=2)
+
+
+class Demos(ProgramTest):
+    def test_send_by_each_method(self):
+        self.write("page", b"AB")
+        for method, part in (
+            ("postscript", b"loop\n4142>\n"),
+            ("pjl-file", b'FILENAME="show.demo" START=0 \nAB@PJL END DATA\n'),
+            ("bracket-d", b"\x1b[D\0\x05\1\3show" + bytes(8) + b"\0\0\0\2AB"),
+            ("pjl-demo", b'@PJL LOPENDEMOFILE NAME="show"\nAB\x1bM@PJL LCLOSEDEMOFILE\n'),
+        ):
+            answer = self.answer(
+                "demo", "send", "page", "-p", "out", "--method", method, "--device", "disk1",
+                "--name", "show", "--id", "5", "--slot", "3", "--option",
+            )  # fmt: skip
+            self.assertEqual((answer["method"], answer["device"]), (method, "disk1"))
+            self.assertIn(part, self.read("out"))
+        self.run_program("demo", "send", "page", "-p", "out", "--method", "nothing")
+        self.assertEqual(self.read("out"), b"")
+
+    def test_list(self):
+        os.mkdir(os.path.join(self.folder, "folder"))
+        for name in ("a.pcl", "b", "c.exe"):
+            self.write(os.path.join("folder", name), b"demo")
+        self.assertEqual(
+            [demo["path"] for demo in self.answer("demo", "list", "folder")["demos"]],
+            ["folder\\a.pcl", "folder\\b"])
+        self.assertEqual(len(self.answer("demo", "list", "folder", "--limit", "1")["demos"]), 1)
+
+
 class Fonts(ProgramTest):
     """Fonts made here: a PCL bitmap, a Type 1 font of two segments, a cartridge."""
 
@@ -510,7 +629,9 @@ class Records(ProgramTest):
 
 class CommandLine(ProgramTest):
     def test_every_command_has_help(self):
-        commands = ["info", "send", "string", "font", "resource", "file", "job", "record"]
+        commands = [
+            "info", "send", "string", "font", "macro", "demo", "pclxl", "resource", "file", "job", "record",
+        ]  # fmt: skip
         listed = self.run_program("--help").stdout
         for command in commands:
             self.assertIn("\n  " + command + " ", listed)
@@ -527,7 +648,7 @@ class CommandLine(ProgramTest):
 
 def main():
     arguments = sys.argv[1:]
-    suites = [Smoke, Sending, Fonts, Files, Job, Records, CommandLine]
+    suites = ProgramTest.__subclasses__()
     if arguments[:1] == ["--smoke"]:
         arguments = arguments[1:]
         suites = [Smoke]

@@ -31,7 +31,8 @@ TEST(ResultWords, HasWordsOfItsOwnForEachCode) {
                                       ZE_SHARING_VIOLATION,
                                       ZE_UNSUPPORTED,
                                       ZE_COPY_FAILED,
-                                      ZE_NO_BACKUP_NAME};
+                                      ZE_NO_BACKUP_NAME,
+                                      ZE_FIXUP_FAILED};
   for (const std::uint32_t code : kCodes) {
     EXPECT_NE(ResultWords(code), ResultWords(999)) << code;
     EXPECT_TRUE(words.insert(ResultWords(code)).second) << code;

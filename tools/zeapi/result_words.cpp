@@ -30,7 +30,8 @@ constexpr Words kWords[] = {
     {ZE_SHARING_VIOLATION, "somebody else has the file open"},
     {ZE_UNSUPPORTED, "this is not supported"},
     {ZE_COPY_FAILED, "copying failed"},
-    {ZE_NO_BACKUP_NAME, "all 998 backup names are taken"},
+    {ZE_NO_BACKUP_NAME, "all 998 backup names are taken, or a PPDS macro is too large"},
+    {ZE_FIXUP_FAILED, "the file is no PCL XL job that can be stored"},
 };
 
 }  // namespace

@@ -1,0 +1,61 @@
+#include "download/macro_payload.h"
+
+#include "download/macro_commands.h"
+#include "files/file_utilities.h"
+#include "files/system_file.h"
+#include "output/pjl.h"
+#include "output/send_stream.h"
+#include "pclxl/macro_fixup.h"
+#include "pclxl/stream_fixup.h"
+#include "platform/files.h"
+
+namespace zeapi {
+
+bool Asks(const ZeMacroInfo& macro, std::uint32_t flag) { return (macro.macroFlags & flag) != 0; }
+
+Result OpenMacro(const char* macroFile, ZeMacroInfo* macro, MacroPayload* payload) {
+  if (!FilExists(macroFile)) return ZE_FILE_NOT_FOUND;
+  if (IsSystemFile(macroFile)) return ZE_BAD_FORMAT;
+  payload->fixupOptions = ZE_FIXUP_DEFAULT;
+  if (Asks(*macro, ZE_MACRO_FIX_UP_LIMIT)) {
+    macro->macroFlags |= ZE_MACRO_FIX_UP;
+    payload->fixupOptions = macro->fixupLimit;
+  }
+  payload->path = macroFile;
+  payload->macro = macro;
+  payload->name = ChooseStoredName(macro->macroName, macroFile);
+  payload->file.reset(platform::OpenStream(macroFile, "rb"));
+  return payload->file == nullptr ? ZE_OPEN_FAILED : ZE_OK;
+}
+
+Result WriteDefinitionStart(const MacroPayload& payload, GenQueContext* ctx) {
+  const unsigned number = ctx->destination->resourceId;
+  if (ctx->destination->language == ZE_LANGUAGE_PPDS) {
+    const std::uint32_t size = FilQuerySize(payload.path);
+    if (size >= macro::kPpdsSizeLimit) return ZE_MACRO_TOO_LARGE;
+    auto header = macro::kPpdsDefinition;
+    header[macro::kPpdsSizeByte] = static_cast<std::uint8_t>(size + 3);
+    header[macro::kPpdsNumberByte] = static_cast<std::uint8_t>(number);
+    WriteSequence(ctx, header);
+  } else if (ctx->destination->language == ZE_LANGUAGE_PCL) {
+    if (Asks(*payload.macro, ZE_MACRO_CHAIN)) {
+      const unsigned called = payload.macro->chainId;
+      WriteCommand(ctx, macro::kStartCalling, number, called, number);
+    } else {
+      WriteCommand(ctx, macro::kStart, number);
+    }
+  }
+  return ZE_OK;
+}
+
+Result SendMacroFile(const MacroPayload& payload, bool execute, const char* overlayHeader,
+                     GenQueContext* ctx) {
+  std::FILE* file = payload.file.get();
+  if (!Asks(*payload.macro, ZE_MACRO_FIX_UP)) return SendStream(file, ctx, kRawBytes);
+  if (ctx->destination->language == ZE_LANGUAGE_PCLXL) {
+    return StreamFixupSend(file, ctx, 0, payload.name.text, execute);
+  }
+  return MacroFixupSend(file, ctx, payload.fixupOptions, overlayHeader);
+}
+
+}  // namespace zeapi

@@ -1,0 +1,20 @@
+// The name under which a printer stores a resource.
+#pragma once
+
+#include <cstddef>
+
+namespace zeapi {
+
+// Length of the name fields of records.
+inline constexpr std::size_t kNameField = 24;
+
+// At most 23 characters, terminated.
+struct StoredName {
+  char text[kNameField];
+};
+
+// The name in a record's field, which need not be terminated; when it is empty, the file-name part
+// of `path` in upper case. `path` has at most ZE_MAX_NAME characters.
+StoredName ChooseStoredName(const char (&field)[kNameField], const char* path);
+
+}  // namespace zeapi

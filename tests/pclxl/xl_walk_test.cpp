@@ -1,0 +1,208 @@
+#include "pclxl/xl_walk.h"
+
+#include "pclxl/page_body.h"
+#include "support/pclxl.h"
+
+namespace zeapi::testing {
+namespace {
+
+using namespace xl;
+
+class XlWalkTest : public XlTest {
+ protected:
+  // Walks a session from BeginSession on.
+  XlResult Walk(std::string_view bytes) {
+    Open(bytes);
+    const XlResult result = XlReadToOperator(state());
+    if (result != kXlOk) return result;
+    return XlDispatch(state()->currentTag, state());
+  }
+
+  // Walks a session and gathers the body of its page.
+  XlResult Gather(std::string_view bytes) {
+    Open(bytes);
+    XlPageBody body;
+    state()->pageBody = &body;
+    XlReadToOperator(state());
+    const XlResult result = XlDispatch(0x41, state());
+    bodySize = body.size();
+    return result;
+  }
+
+  std::uint32_t bodySize = 0;
+};
+
+TEST_F(XlWalkTest, SessionEndsWithEndSessionAndNothingAfterItIsRead) {
+  EXPECT_EQ(Walk(Hex({0x41, 0x48, 0x49, 0x42}) + "\x01 junk"), kXlOk);
+  EXPECT_BYTES(Unread(), "\x01 junk");
+  EXPECT_EQ(state()->operatorCount, 4);
+}
+
+TEST_F(XlWalkTest, SessionThatDoesNotEndIsTheEnd) {
+  EXPECT_EQ(Walk(Hex({0x41, 0x48})), kXlEnd);
+  EXPECT_EQ(Walk(Hex({0x41, 0x48}) + "\x1B%-12345X"), kXlEnd);
+}
+
+TEST_F(XlWalkTest, SessionTakesItsOperatorsAlone) {
+  for (const int tag : {0x47, 0x48, 0x49, 0x4A, 0x4B, 0x4F, 0x50, 0x51, 0x52, 0x53, 0x54, 0x55,
+                        0x5B, 0x5C, 0x5D, 0x5E})
+    EXPECT_EQ(Walk(Hex({0x41, tag, 0x42})), kXlOk) << tag;
+  EXPECT_EQ(Walk(Hex({0x41, 0xFB, 1, 0, 0x42})), kXlOk);
+  for (const int tag : {0x41, 0x44, 0x60, 0x85, 0xA8, 0xB9})
+    EXPECT_EQ(Walk(Hex({0x41, tag, 0x42})), kXlNotAllowed) << tag;
+}
+
+TEST_F(XlWalkTest, PageTakesItsOperatorsAlone) {
+  for (const int tag : {0x47, 0x4F, 0x55, 0x60, 0x7D, 0x7F, 0x81, 0x84, 0xA8, 0xB9})
+    EXPECT_EQ(Walk(Hex({0x41, 0x43, tag, 0x44, 0x42})), kXlOk) << tag;
+  for (const int tag : {0x41, 0x42})
+    EXPECT_EQ(Walk(Hex({0x41, 0x43, tag, 0x44, 0x42})), kXlNotAllowed) << tag;
+  for (const int tag : {0x5B, 0x5C, 0x5D, 0x5E})
+    EXPECT_EQ(Walk(Hex({0x41, 0x43, tag, 0x44, 0x42})), kXlStreamInPage) << tag;
+  EXPECT_EQ(Walk(Hex({0x41, 0x43, 0x46, 0x44, 0x42})), kXlIllegalByte);
+}
+
+TEST_F(XlWalkTest, SecondPageIsAnErrorInsideAPageAndAfterIt) {
+  EXPECT_EQ(Walk(Hex({0x41, 0x43, 0x43})), kXlSecondPage);
+  EXPECT_EQ(Walk(Hex({0x41, 0x43, 0x44, 0x43, 0x44, 0x42})), kXlSecondPage);
+  EXPECT_EQ(state()->operatorCount, 4);
+}
+
+TEST_F(XlWalkTest, SecondPageLeavesTheBodyOfTheFirst) {
+  EXPECT_EQ(Gather(Hex({0x41, 0x43, 0x85, 0x44, 0x43, 0x60, 0x44, 0x42})), kXlSecondPage);
+  EXPECT_BYTES(ReadFile("temp.str"), "\x85");
+}
+
+TEST_F(XlWalkTest, PageCutShortIsTheEnd) {
+  const std::string page = Hex({0x41}) + Page(Body()) + Hex({0x42});
+  for (std::size_t size = 0; size < page.size(); ++size)
+    EXPECT_EQ(Walk(page.substr(0, size)), kXlEnd) << size;
+  EXPECT_EQ(Walk(page), kXlOk);
+}
+
+TEST_F(XlWalkTest, EmbeddedDataIsPassedOverByItsLength) {
+  EXPECT_EQ(Walk(Hex({0x41}) + Data(std::string(5000, '\x42')) + Hex({0x42})), kXlOk);
+  EXPECT_EQ(Walk(Hex({0x41}) + Data("") + Hex({0xFB, 3, 1, 2, 3, 0xFB, 0, 0x42})), kXlOk);
+  EXPECT_EQ(state()->operatorCount, 5);
+}
+
+TEST_F(XlWalkTest, EmbeddedDataCutShortIsTheEnd) {
+  const std::string data = Hex({0x41}) + Data("12345");
+  for (std::size_t size = 1; size <= data.size(); ++size)
+    EXPECT_EQ(Walk(data.substr(0, size)), kXlEnd) << size;
+}
+
+TEST_F(XlWalkTest, EmbeddedDataOfFourGigabytesThatAreNotThereIsTheEnd) {
+  EXPECT_EQ(Walk(Hex({0x41, 0xFA, 0xFF, 0xFF, 0xFF, 0xFF}) + std::string(9000, 'x')), kXlEnd);
+  EXPECT_EQ(Gather(Hex({0x41, 0x43, 0xFA, 0xFF, 0xFF, 0xFF, 0xFF}) + std::string(9000, 'x')),
+            kXlEnd);
+  EXPECT_EQ(bodySize, 0U);
+}
+
+TEST_F(XlWalkTest, AttributesBeforeEmbeddedDataStayForTheNextOperator) {
+  Open(xl::Attribute(Ubyte(1), 0x26) + Hex({0xFB, 1, 'x'}));
+  EXPECT_EQ(XlReadToOperator(state()), kXlOk);
+  EXPECT_EQ(XlDispatch(0xFB, state()), kXlOk);
+  EXPECT_EQ(state()->attributeCount, 1);
+}
+
+TEST_F(XlWalkTest, EachOperatorReleasesItsAttributes) {
+  EXPECT_EQ(Walk(xl::Attribute(UbyteArray("x"), 0x81) + Hex({0x47})), kXlOk);
+  EXPECT_EQ(state()->attributeCount, 0);
+  EXPECT_EQ(Attribute(0).elements, nullptr);
+}
+
+TEST_F(XlWalkTest, BodyIsWhatStandsBetweenBeginPageAndTheAttributesOfEndPage) {
+  const std::string body = Body() + " \n" + Data("image") + Hex({0xFB, 2, 'x', 'y', 0x60});
+  EXPECT_EQ(Gather(Hex({0x41}) + Page(body) + Hex({0x42})), kXlOk);
+  EXPECT_BYTES(ReadFile("temp.str"), body);
+  EXPECT_EQ(bodySize, body.size());
+}
+
+TEST_F(XlWalkTest, WhiteSpaceBeforeEndPageGoesWithEndPage) {
+  EXPECT_EQ(Gather(Hex({0x41, 0x43, 0x85}) + "  " + Hex({0x44, 0x42})), kXlOk);
+  EXPECT_BYTES(ReadFile("temp.str"), "\x85");
+}
+
+TEST_F(XlWalkTest, ValuesWithoutIdentifiersAreInTheBody) {
+  EXPECT_EQ(Gather(Hex({0x41, 0x43, 0xC0, 5, 0x85, 0xC0, 6, 0x44, 0x42})), kXlOk);
+  EXPECT_BYTES(ReadFile("temp.str"), Hex({0xC0, 5, 0x85}));
+}
+
+TEST_F(XlWalkTest, EmptyPageHasAnEmptyBody) {
+  WriteFile("temp.str", "left by an earlier run");
+  EXPECT_EQ(Gather(Hex({0x41, 0x43, 0x44, 0x42})), kXlOk);
+  EXPECT_BYTES(ReadFile("temp.str"), "");
+  EXPECT_EQ(bodySize, 0U);
+}
+
+TEST_F(XlWalkTest, BodiesOfAllSizesAroundTheBlocksAreWhole) {
+  for (const std::size_t size :
+       {1017U, 1018U, 1019U, 1020U, 1021U, 2041U, 2043U, 4096U, 10000U, 100000U}) {
+    std::string data;
+    for (std::size_t i = 0; i < size; ++i) data += static_cast<char>(i % 253);
+    const std::string body = Body() + Data(data) + Body() + Data(data) + Hex({0x60});
+    EXPECT_EQ(Gather(Hex({0x41}) + Page(body) + Hex({0x42})), kXlOk);
+    EXPECT_BYTES(ReadFile("temp.str"), body) << size;
+    EXPECT_EQ(bodySize, body.size());
+  }
+}
+
+TEST_F(XlWalkTest, ManySmallOperatorsAreAllThere) {
+  std::string body;
+  for (int i = 0; i < 3000; ++i)
+    body += xl::Attribute(Uint16(static_cast<unsigned>(i)), 0x4B) + Hex({0x7A});
+  EXPECT_EQ(Gather(Hex({0x41}) + Page(body) + Hex({0x42})), kXlOk);
+  EXPECT_BYTES(ReadFile("temp.str"), body);
+}
+
+TEST_F(XlWalkTest, WhatWasGatheredBeforeAnErrorIsWritten) {
+  EXPECT_EQ(Gather(Hex({0x41, 0x43, 0x85, 0x01})), kXlIllegalByte);
+  EXPECT_BYTES(ReadFile("temp.str"), "\x85");
+}
+
+TEST_F(XlWalkTest, PageWhoseFileCannotBeMadeIsAFileError) {
+  std::filesystem::create_directory("temp.str");
+  EXPECT_EQ(Gather(Hex({0x41, 0x43, 0x44, 0x42})), kXlFile);
+}
+
+class XlReportTest : public XlTest {
+ protected:
+  void Report(XlResult code, std::string_view rest) {
+    Open(rest);
+    state()->listing = &listing;
+    state()->currentTag = 0x43;
+    state()->operatorCount = 3;
+    XlReportError(code, state());
+  }
+};
+
+TEST_F(XlReportTest, SaysCodeTagAndPosition) {
+  Report(kXlSecondPage, "");
+  EXPECT_BYTES(listing.all, "\nERROR. (code = 51, op = 0x43, pos = 3)\n\n");
+}
+
+TEST_F(XlReportTest, SuccessAndTheEndAreNotReported) {
+  Report(kXlOk, "rest");
+  Report(kXlEnd, "rest");
+  EXPECT_BYTES(listing.all, "");
+  EXPECT_BYTES(Unread(), "rest");
+}
+
+TEST_F(XlReportTest, SkipsToTheEndOfTheStreamAndKeepsNothing) {
+  const std::string rest = Hex({0x01, 0xF9, 0xC8, 0xC2}) + xl::Attribute(UbyteArray("\x1B"), 0x81) +
+                           Hex({0x47}) + Data("\x1B\x1B") + Ubyte(1) + "\x1B%-12345X";
+  Report(kXlIllegalByte, rest);
+  EXPECT_BYTES(Unread(), "\x1B%-12345X");
+  EXPECT_EQ(state()->attributeCount, 0);
+  EXPECT_FALSE(state()->recovering);
+}
+
+TEST_F(XlReportTest, DataCutShortEndsTheSkipping) {
+  Report(kXlIllegalByte, Hex({0xFA, 0xFF, 0xFF, 0xFF, 0xFF}) + "few");
+  EXPECT_FALSE(state()->recovering);
+  EXPECT_EQ(state()->listing, &listing);
+}
+
+}  // namespace
+}  // namespace zeapi::testing
