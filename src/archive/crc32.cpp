@@ -29,13 +29,17 @@ constexpr std::array<std::array<std::uint32_t, 256>, kStep> MakeTables() {
 
 constexpr auto kTables = MakeTables();
 
-// What eight bytes, with `after` more behind them, add to the register.
+// What one of eight bytes, with `after` more behind the eight, adds to the register.
+template <std::size_t after, unsigned place>
+std::uint32_t Share(std::uint64_t bytes) {
+  return kTables[after + 7 - place][static_cast<std::uint8_t>(bytes >> 8 * place)];
+}
+
 template <std::size_t after>
 std::uint32_t Shares(std::uint64_t bytes) {
-  return kTables[after + 7][bytes & 0xFF] ^ kTables[after + 6][bytes >> 8 & 0xFF] ^
-         kTables[after + 5][bytes >> 16 & 0xFF] ^ kTables[after + 4][bytes >> 24 & 0xFF] ^
-         kTables[after + 3][bytes >> 32 & 0xFF] ^ kTables[after + 2][bytes >> 40 & 0xFF] ^
-         kTables[after + 1][bytes >> 48 & 0xFF] ^ kTables[after][bytes >> 56];
+  return Share<after, 0>(bytes) ^ Share<after, 1>(bytes) ^ Share<after, 2>(bytes) ^
+         Share<after, 3>(bytes) ^ Share<after, 4>(bytes) ^ Share<after, 5>(bytes) ^
+         Share<after, 6>(bytes) ^ Share<after, 7>(bytes);
 }
 
 }  // namespace

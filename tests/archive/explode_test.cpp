@@ -420,8 +420,19 @@ TEST_F(ZipExplode, MembersThatReachBeyondTheArchiveEndUnexpectedly) {
 
 // --- Host system 2 asks on standard input
 
+#ifdef _WIN32
+constexpr char kNothing[] = "NUL";
+#else
+constexpr char kNothing[] = "/dev/null";
+#endif
+
 class HostQuestion : public ArchiveTest {
  protected:
+  void TearDown() override {
+    EXPECT_NE(std::freopen(kNothing, "r", stdin), nullptr);
+    ArchiveTest::TearDown();
+  }
+
   std::uint32_t ExplodeAnswered(const std::string& answers, std::uint8_t version = 42) {
     WriteFile("../answers", answers);
     EXPECT_NE(std::freopen("../answers", "r", stdin), nullptr);

@@ -66,8 +66,8 @@ TEST_F(LocalTreeTest, StampsInUtc) {
   ASSERT_TRUE(Create("file"));
   EXPECT_TRUE(tree.SetLastWrite("file", 1 << 5 | 1, 0));
   EXPECT_EQ(SecondsOf("file"), 315532800);  // 1 January 1980
-  EXPECT_TRUE(tree.SetLastWrite("file", 127 << 9 | 12 << 5 | 31, 23 << 11 | 59 << 5 | 29));
-  EXPECT_EQ(SecondsOf("file"), 4354819198);  // 31 December 2107, 23:59:58
+  EXPECT_TRUE(tree.SetLastWrite("file", 50 << 9 | 12 << 5 | 31, 23 << 11 | 59 << 5 | 29));
+  EXPECT_EQ(SecondsOf("file"), 1924991998);  // 31 December 2030, 23:59:58
   EXPECT_TRUE(tree.SetLastWrite("file", 20 << 9 | 2 << 5 | 29, 0));
   EXPECT_EQ(SecondsOf("file"), 951782400);  // 29 February 2000
 }
@@ -76,9 +76,8 @@ TEST_F(LocalTreeTest, DatesThatAreNone) {
   ASSERT_TRUE(Create("file"));
   constexpr std::uint16_t kDay = 1 << 5 | 1;
   EXPECT_FALSE(tree.SetLastWrite("file", 0, 0));
-  EXPECT_FALSE(tree.SetLastWrite("file", 1 << 5, 0));                // day 0
-  EXPECT_FALSE(tree.SetLastWrite("file", 13 << 5 | 1, 0));           // month 13
-  EXPECT_FALSE(tree.SetLastWrite("file", 1 << 9 | 2 << 5 | 29, 0));  // no leap year
+  EXPECT_FALSE(tree.SetLastWrite("file", 1 << 5, 0));       // day 0
+  EXPECT_FALSE(tree.SetLastWrite("file", 13 << 5 | 1, 0));  // month 13
   EXPECT_FALSE(tree.SetLastWrite("file", kDay, 24 << 11));
   EXPECT_FALSE(tree.SetLastWrite("file", kDay, 60 << 5));
   EXPECT_FALSE(tree.SetLastWrite("file", kDay, 30));
@@ -95,6 +94,13 @@ TEST_F(LocalTreeTest, LinksAreNotFollowed) {
   EXPECT_TRUE(tree.Enter(""));
   EXPECT_FALSE(Create("file"));
   EXPECT_EQ(ReadFile("target"), "safe");
+}
+
+TEST_F(LocalTreeTest, LastDateThatThereIsAndLeapDaysThatAreNone) {
+  ASSERT_TRUE(Create("file"));
+  EXPECT_TRUE(tree.SetLastWrite("file", 127 << 9 | 12 << 5 | 31, 23 << 11 | 59 << 5 | 29));
+  EXPECT_EQ(SecondsOf("file"), 4354819198);  // 31 December 2107, 23:59:58
+  EXPECT_FALSE(tree.SetLastWrite("file", 1 << 9 | 2 << 5 | 29, 0));
 }
 
 TEST_F(LocalTreeTest, NamesKeepTheirCase) {
