@@ -3,6 +3,7 @@
 #include <array>
 
 #include "archive/bit_reader.h"
+#include "platform/crc32_fold.h"
 
 namespace zeapi {
 namespace {
@@ -55,9 +56,16 @@ std::uint32_t Crc32WithTables(std::uint32_t crc, std::span<const std::uint8_t> b
   return crc;
 }
 
+std::uint32_t Crc32ByFolding(std::uint32_t crc, std::span<const std::uint8_t> bytes) {
+  if (bytes.size() < platform::kLeastFold) return Crc32WithTables(crc, bytes);
+  std::uint8_t folded[platform::kFolded];
+  const std::size_t done = platform::FoldCrc32(crc, bytes, folded);
+  return Crc32WithTables(Crc32WithTables(0, folded), bytes.subspan(done));
+}
+
 void Crc32::Update(std::span<const std::uint8_t> bytes) {
-  static const bool multiply = CanMultiplyWithoutCarry();
-  register_ = multiply ? Crc32WithMultiply(register_, bytes) : Crc32WithTables(register_, bytes);
+  static const bool folds = platform::CanFoldCrc32();
+  register_ = folds ? Crc32ByFolding(register_, bytes) : Crc32WithTables(register_, bytes);
 }
 
 }  // namespace zeapi

@@ -18,10 +18,9 @@ class Crc32 {
   std::uint32_t register_ = 0xFFFFFFFF;
 };
 
-// The ways of carrying the register over some bytes: with tables everywhere, and with the processor's
-// carry-less multiplication where it has one. Crc32 takes the faster.
+// The two ways of carrying the register over some bytes, of which Crc32 takes the faster: with tables
+// everywhere, and by folding where the processor can (platform::CanFoldCrc32()).
 std::uint32_t Crc32WithTables(std::uint32_t crc, std::span<const std::uint8_t> bytes);
-bool CanMultiplyWithoutCarry();
-std::uint32_t Crc32WithMultiply(std::uint32_t crc, std::span<const std::uint8_t> bytes);
+std::uint32_t Crc32ByFolding(std::uint32_t crc, std::span<const std::uint8_t> bytes);
 
 }  // namespace zeapi

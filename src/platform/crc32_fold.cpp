@@ -2,15 +2,14 @@
 //
 // The register and the bytes are one long polynomial, of which only the remainder counts. 128 bits of
 // it can stand for what they are worth some blocks further on: their two halves, each multiplied by
-// the remainder of the power of x that lies between. So the whole is folded into its last 128 bits,
-// whose CRC the tables give.
-#include "archive/crc32.h"
+// the remainder of the power of x that lies between. So the whole is folded into its last 128 bits.
+#include "platform/crc32_fold.h"
 
 #if defined(__GNUC__) && (defined(__x86_64__) || defined(__i386__))
 
 #include <immintrin.h>
 
-namespace zeapi {
+namespace zeapi::platform {
 namespace {
 
 // x^power modulo the polynomial, bits reflected (x^31 lowest), as a factor: reflected products come
@@ -54,9 +53,16 @@ ZEAPI_MULTIPLIES inline __m128i Fold(__m128i value, __m128i factors, __m128i nex
   return _mm_xor_si128(_mm_xor_si128(low, high), next);
 }
 
-// At least one block for each lane.
-ZEAPI_MULTIPLIES std::uint32_t FoldAll(std::uint32_t crc, std::span<const std::uint8_t> bytes) {
+}  // namespace
+
+bool CanFoldCrc32() {
+  return __builtin_cpu_supports("pclmul") != 0 && __builtin_cpu_supports("sse4.1") != 0;
+}
+
+ZEAPI_MULTIPLIES std::size_t FoldCrc32(std::uint32_t crc, std::span<const std::uint8_t> bytes,
+                                       std::uint8_t* folded) {
   constexpr std::size_t kRound = kLanes * kBlock;
+  static_assert(kRound == kLeastFold && kBlock == kFolded);
   const std::uint8_t* at = bytes.data();
   std::size_t left = bytes.size();
   __m128i lanes[kLanes];
@@ -71,34 +77,20 @@ ZEAPI_MULTIPLIES std::uint32_t FoldAll(std::uint32_t crc, std::span<const std::u
   __m128i all = lanes[0];
   for (std::size_t i = 1; i < kLanes; ++i) all = Fold(all, overOne, lanes[i]);
   for (; left >= kBlock; at += kBlock, left -= kBlock) all = Fold(all, overOne, Load(at));
-  std::uint8_t last[kBlock];
-  _mm_storeu_si128(reinterpret_cast<__m128i*>(last), all);
-  return Crc32WithTables(Crc32WithTables(0, last), {at, left});
+  _mm_storeu_si128(reinterpret_cast<__m128i*>(folded), all);
+  return bytes.size() - left;
 }
 
-}  // namespace
-
-bool CanMultiplyWithoutCarry() {
-  return __builtin_cpu_supports("pclmul") != 0 && __builtin_cpu_supports("sse4.1") != 0;
-}
-
-std::uint32_t Crc32WithMultiply(std::uint32_t crc, std::span<const std::uint8_t> bytes) {
-  if (bytes.size() < kLanes * kBlock) return Crc32WithTables(crc, bytes);
-  return FoldAll(crc, bytes);
-}
-
-}  // namespace zeapi
+}  // namespace zeapi::platform
 
 #else
 
-namespace zeapi {
+namespace zeapi::platform {
 
-bool CanMultiplyWithoutCarry() { return false; }
+bool CanFoldCrc32() { return false; }
 
-std::uint32_t Crc32WithMultiply(std::uint32_t crc, std::span<const std::uint8_t> bytes) {
-  return Crc32WithTables(crc, bytes);
-}
+std::size_t FoldCrc32(std::uint32_t, std::span<const std::uint8_t>, std::uint8_t*) { return 0; }
 
-}  // namespace zeapi
+}  // namespace zeapi::platform
 
 #endif
