@@ -10,12 +10,12 @@ namespace zeapi::fuzz {
 namespace {
 
 constexpr std::size_t kLongest = 248;  // nothing longer is recognised
+constexpr long long kLarge = 1LL << 56;
 
 bool IsValue(char c) { return (c >= '0' && c <= '9') || c == '+' || c == '-' || c == '.'; }
 
 // Whole number at the start of a value text; large ones are all alike.
 long long Number(std::string_view text) {
-  constexpr long long kLarge = 1LL << 60;
   bool negative = false;
   if (!text.empty() && (text[0] == '+' || text[0] == '-')) {
     negative = text[0] == '-';
@@ -181,7 +181,7 @@ class Fixup {
       Drop(static_cast<std::size_t>(count));
     } else {
       Drop(1);
-      Keep(At(end - 1) == 0x1B ? end - 1 : end);
+      Keep(end);
     }
   }
 
@@ -210,14 +210,9 @@ class Fixup {
         return;
       }
       const char letter = At(end);
-      if (letter == 0x1B) {
-        Write(prefix, groups, end > 0 || groups.empty(), false);
-        Keep(end);
-        return KeepData(data);
-      }
       const long long value = Number(in_.substr(at_, end));
       const Fate fate = FateOf(entries, letter, value);
-      if (fate == Fate::kData && value > 0) data += value;
+      if (fate == Fate::kData && value > 0) data = std::min(data + value, kLarge);
       groups.push_back({std::string(in_.substr(at_, end + 1)), fate != Fate::kDrop});
       Drop(end + 1);
       ended = letter < 0x60 || letter > 0x7E;

@@ -238,7 +238,8 @@ enum ZeDemoMethod {
 #pragma pack(push, 1)
 
 /**
- * Where and how a job goes; 48 bytes. The caller fills it, the library only reads it.
+ * Where and how a job goes; 48 bytes. The caller fills it, the library only reads
+ * it, but that ZeDemDownload() sets `language`.
  * Fields named `reserved` are not read and may carry anything.
  */
 typedef struct ZeDestination {

@@ -7,10 +7,10 @@
 #include "download/demo_commands.h"
 #include "download/stored_name.h"
 #include "files/file_utilities.h"
+#include "files/regular_file.h"
 #include "files/system_file.h"
 #include "output/pjl.h"
 #include "output/send_stream.h"
-#include "platform/files.h"
 
 namespace zeapi {
 namespace {
@@ -152,7 +152,7 @@ Result DownloadDemo(const char* demoFile, const char* printerName, ZeDestination
                     const ZeDemoInfo& demo) {
   if (!FilExists(demoFile)) return ZE_FILE_NOT_FOUND;
   if (IsSystemFile(demoFile)) return ZE_BAD_FORMAT;
-  const Stream file(platform::OpenStream(demoFile, "rb"));
+  const Stream file(OpenRegularFile(demoFile, "rb"));
   if (file == nullptr) return ZE_OPEN_FAILED;
 
   GenQueContext ctx;

@@ -3,6 +3,7 @@
 
 #include "base/stream.h"
 #include "download/font_senders.h"
+#include "files/regular_file.h"
 #include "fonts/font_stream.h"
 #include "fonts/pcl_font.h"
 #include "output/pjl.h"
@@ -62,7 +63,7 @@ Result Send(std::FILE* file, GenQueContext* ctx, WriteId writeId) {
 }  // namespace
 
 Result SendPclFont(const char* path, FontIdForm form, GenQueContext* ctx) {
-  const Stream file(OpenFontFile(path, "rb"));
+  const Stream file(OpenRegularFile(path, "rb"));
   if (file == nullptr) return ZE_FILE_NOT_FOUND;
   const Result sent =
       Send(file.get(), ctx, [form](GenQueContext* queue) { return FontIdCommand(form, queue); });
@@ -72,7 +73,7 @@ Result SendPclFont(const char* path, FontIdForm form, GenQueContext* ctx) {
 }
 
 Result SendScalableFont(const char* path, GenQueContext* ctx) {
-  const Stream file(OpenFontFile(path, "rb"));
+  const Stream file(OpenRegularFile(path, "rb"));
   if (file == nullptr) return ZE_OPEN_FAILED;
   const Result sent = Send(file.get(), ctx, WriteIdInPieces);
   if (sent != ZE_OK) return sent;

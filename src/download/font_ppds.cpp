@@ -5,6 +5,7 @@
 #include "base/c_heap.h"
 #include "base/stream.h"
 #include "download/font_senders.h"
+#include "files/regular_file.h"
 #include "fonts/font_stream.h"
 #include "output/pjl.h"
 
@@ -33,7 +34,7 @@ bool WriteBlock(const std::uint8_t* block, std::uint32_t length, bool last, GenQ
 Result SendPpdsBlocks(const char* path, std::uint32_t fileSize, GenQueContext* ctx) {
   const CHeapPtr<std::uint8_t[]> block = CHeapBytes<std::uint8_t>(kBlock);
   if (block == nullptr) return ZE_OUT_OF_MEMORY;
-  const Stream file(OpenFontFile(path, "rb"));
+  const Stream file(OpenRegularFile(path, "rb"));
   if (file == nullptr) return ZE_FILE_NOT_FOUND;
   // A font is never empty; the system did not tell its size.
   if (fileSize == 0) return ZE_READ_FAILED;

@@ -5,6 +5,7 @@
 #include "base/byte_reader.h"
 #include "base/stream.h"
 #include "download/font_senders.h"
+#include "files/regular_file.h"
 #include "fonts/font_stream.h"
 #include "output/hex_text.h"
 #include "output/pjl.h"
@@ -72,7 +73,7 @@ Result SendSegments(std::FILE* file, GenQueContext* ctx) {
 }  // namespace
 
 Result SendType1Font(const char* path, bool segmented, GenQueContext* ctx) {
-  const Stream file(OpenFontFile(path, "rb"));
+  const Stream file(OpenRegularFile(path, "rb"));
   if (file == nullptr) return ZE_OPEN_FAILED;
   GenQueWrite(kExitServer, sizeof(kExitServer), ctx);
   if (ctx->error != ZE_OK) return ctx->error;

@@ -2,12 +2,13 @@
 
 #include "download/macro_commands.h"
 #include "files/file_utilities.h"
+#include "files/regular_file.h"
 #include "files/system_file.h"
 #include "output/pjl.h"
 #include "output/send_stream.h"
 #include "pclxl/macro_fixup.h"
 #include "pclxl/stream_fixup.h"
-#include "platform/files.h"
+#include "pclxl/work_files.h"
 
 namespace zeapi {
 
@@ -24,7 +25,7 @@ Result OpenMacro(const char* macroFile, ZeMacroInfo* macro, MacroPayload* payloa
   payload->path = macroFile;
   payload->macro = macro;
   payload->name = ChooseStoredName(macro->macroName, macroFile);
-  payload->file.reset(platform::OpenStream(macroFile, "rb"));
+  payload->file.reset(OpenRegularFile(macroFile, "rb"));
   return payload->file == nullptr ? ZE_OPEN_FAILED : ZE_OK;
 }
 
@@ -53,6 +54,7 @@ Result SendMacroFile(const MacroPayload& payload, bool execute, const char* over
   std::FILE* file = payload.file.get();
   if (!Asks(*payload.macro, ZE_MACRO_FIX_UP)) return SendStream(file, ctx, kRawBytes);
   if (ctx->destination->language == ZE_LANGUAGE_PCLXL) {
+    if (IsStreamWorkFile(payload.path)) return ZE_OPEN_FAILED;
     return StreamFixupSend(file, ctx, 0, payload.name.text, execute);
   }
   return MacroFixupSend(file, ctx, payload.fixupOptions, overlayHeader);

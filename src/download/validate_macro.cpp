@@ -1,11 +1,13 @@
 #include "base/stream.h"
 #include "download/macro.h"
 #include "files/file_utilities.h"
+#include "files/regular_file.h"
 #include "files/system_file.h"
 #include "output/plain_file_queue.h"
 #include "pclxl/macro_fixup.h"
 #include "pclxl/pcl_macro_check.h"
 #include "pclxl/stream_fixup.h"
+#include "pclxl/work_files.h"
 #include "platform/files.h"
 
 namespace zeapi {
@@ -40,9 +42,11 @@ Result CheckPclMacro(const char* macroFile, std::FILE* file, const ZeMacroInfo& 
 Result ValidateMacro(const char* macroFile, const ZeDestination& destination, ZeMacroInfo* macro) {
   if (!FilExists(macroFile)) return ZE_FILE_NOT_FOUND;
   if (IsSystemFile(macroFile)) return ZE_BAD_FORMAT;
-  const Stream file(platform::OpenStream(macroFile, "rb"));
+  const Stream file(OpenRegularFile(macroFile, "rb"));
   if (file == nullptr) return ZE_OPEN_FAILED;
   if (destination.language == ZE_LANGUAGE_PCLXL) {
+    const bool fixesUp = (macro->macroFlags & ZE_MACRO_FIX_UP) != 0;
+    if (fixesUp && IsStreamWorkFile(macroFile)) return ZE_OPEN_FAILED;
     return XlValidateStreamFile(file.get(), &destination, macro);
   }
   return CheckPclMacro(macroFile, file.get(), *macro);

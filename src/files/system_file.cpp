@@ -17,7 +17,7 @@ constexpr std::array<std::string_view, 9> kSystemExtensions = {"BAT", "CMD", "CO
 bool IsSystemFile(const char* path) {
   const std::string_view text(path);
   const std::size_t dot = text.rfind('.');
-  if (dot == text.npos) return false;
+  if (dot == std::string_view::npos) return false;
   // Only three characters are compared, so that "exec" counts as a program too.
   const std::string_view extension = text.substr(dot + 1, 3);
   return std::any_of(

@@ -12,6 +12,7 @@ namespace zeapi {
 namespace {
 
 constexpr std::size_t kNameSize = 80;
+constexpr std::uint32_t kLastOffset = 0x7FFFFFFF;  // no file reaches further
 constexpr int kMostFonts = 1024;  // far beyond any cartridge; bounds what a hostile file can take
 
 struct Header {
@@ -67,7 +68,8 @@ bool ReadFonts(std::FILE* stream, const Header& header, ZeCartridge* cartridge) 
   ZeCartridgeFont* last = nullptr;
   std::uint32_t offset = header.firstOffset;
   for (int count = 0; offset < header.endOffset && count < kMostFonts; ++count) {
-    if (!SeekTo(stream, offset)) break;
+    if (offset > kLastOffset) break;
+    if (!SeekTo(stream, offset)) return false;
     const auto entry = ReadUpTo(stream, std::span(room.get(), kPfmBlock));
     const PfmName name = FaceOffsetInRange(PfmFaceOffset(entry)) ? PfmFontName(entry) : PfmName{};
     if (name.text[0] != '\0') {

@@ -7,6 +7,7 @@
 
 #include "base/stream.h"
 #include "files/file_utilities.h"
+#include "files/regular_file.h"
 #include "fonts/afm_reader.h"
 #include "fonts/afm_writer.h"
 #include "fonts/dlf_metrics.h"
@@ -50,8 +51,8 @@ std::string Type1OutputName(const Conversion& conversion) {
 Result ReadType1(const char* fontFile, AfmMetricsPtr* metrics) {
   const PathText infFile = ReplaceExtension(fontFile, "INF");
   if (!FilExists(infFile.text)) return ZE_FILE_NOT_FOUND;
-  const Stream afm(OpenFontFile(fontFile, "r"));
-  const Stream inf(OpenFontFile(infFile.text, "r"));
+  const Stream afm(OpenRegularFile(fontFile, "r"));
+  const Stream inf(OpenRegularFile(infFile.text, "r"));
   if (afm == nullptr || inf == nullptr) return ZE_OPEN_FAILED;
   *metrics = NewAfmMetrics(fontFile);
   if (*metrics == nullptr) return ZE_OUT_OF_MEMORY;
@@ -79,7 +80,7 @@ Result ConvertType1(const Conversion& conversion) {
 
 Result ConvertPfm(const Conversion& conversion) {
   PfmMetrics metrics;
-  Stream input(OpenFontFile(conversion.fontFile, "rb"));
+  Stream input(OpenRegularFile(conversion.fontFile, "rb"));
   if (input == nullptr || !ReadPfmMetrics(input.get(), &metrics)) return ZE_BAD_FORMAT;
   input.reset();
   std::FILE* output = platform::OpenStream(OutputName(conversion, "AFM").c_str(), "w");
@@ -90,11 +91,11 @@ Result ConvertPfm(const Conversion& conversion) {
 }
 
 Result ConvertDlf(const Conversion& conversion) {
-  Stream input(OpenFontFile(conversion.fontFile, "rb"));
+  Stream input(OpenRegularFile(conversion.fontFile, "rb"));
   if (input == nullptr) return ZE_OPEN_FAILED;
   DlfFont font;
   const std::uint32_t fileSize = StreamSize(input.get());
-  if (!ReadDlfFont(input.get(), &font)) return ZE_BAD_FORMAT;
+  if (fileSize == 0 || !ReadDlfFont(input.get(), &font)) return ZE_BAD_FORMAT;
   input.reset();
   WindowsMetrics metrics;
   // A font without a name leaves no trace.
@@ -103,7 +104,7 @@ Result ConvertDlf(const Conversion& conversion) {
 }
 
 Result ConvertPcl(const Conversion& conversion) {
-  Stream input(OpenFontFile(conversion.fontFile, "rb"));
+  Stream input(OpenRegularFile(conversion.fontFile, "rb"));
   if (input == nullptr) return ZE_OPEN_FAILED;
   PclSoftFont softFont;
   if (!ReadPclSoftFont(input.get(), &softFont)) return ZE_BAD_FORMAT;
@@ -139,7 +140,7 @@ Result ConvertIntellifont(const Conversion& conversion) {
       FieldText(conversion.option2 == 2 ? font->companionFile : font->metricsFile));
   const std::string_view symbolSet = FieldText(font->symbolSet);
   IntellifontMetrics intellifont;
-  Stream input(OpenFontFile(metricsFile.c_str(), "rb"));
+  Stream input(OpenRegularFile(metricsFile.c_str(), "rb"));
   if (input == nullptr || !ReadIntellifont(input.get(), symbolSet, &intellifont))
     return ZE_BAD_FORMAT;
   input.reset();

@@ -7,6 +7,7 @@
 
 #include "base/stream.h"
 #include "files/file_utilities.h"
+#include "files/regular_file.h"
 #include "fonts/font_stream.h"
 #include "fonts/pfm_block.h"
 #include "fonts/replace_extension.h"
@@ -53,7 +54,7 @@ bool AcceptsFormat(std::uint32_t type, std::uint32_t format) {
 
 // Whatever its extension, a file counts by what it reads as.
 bool IsPostScriptMetrics(const char* path) {
-  const Stream stream(OpenFontFile(path, "rb"));
+  const Stream stream(OpenRegularFile(path, "rb"));
   PfmBlock block;
   if (stream == nullptr || !ReadPfmBlock(stream.get(), &block)) return false;
   const std::string device = PfmDeviceName(stream.get(), block.bytes);

@@ -2,14 +2,7 @@
 
 #include <limits>
 
-#include "platform/files.h"
-
 namespace zeapi {
-
-std::FILE* OpenFontFile(const char* path, const char* mode) {
-  if (platform::QueryPath(path) != platform::PathKind::kRegularFile) return nullptr;
-  return platform::OpenStream(path, mode);
-}
 
 std::span<const std::uint8_t> ReadUpTo(std::FILE* stream, std::span<std::uint8_t> room) {
   return room.first(std::fread(room.data(), 1, room.size(), stream));

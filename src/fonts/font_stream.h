@@ -7,10 +7,6 @@
 
 namespace zeapi {
 
-// Like platform::OpenStream, but null for what is no regular file: a named pipe would make the
-// caller wait for a writer that may never come.
-std::FILE* OpenFontFile(const char* path, const char* mode);
-
 // Reads up to `room` from where the stream stands. Returns the bytes that were there.
 std::span<const std::uint8_t> ReadUpTo(std::FILE* stream, std::span<std::uint8_t> room);
 

@@ -7,6 +7,7 @@
 #include <span>
 
 #include "base/stream.h"
+#include "files/regular_file.h"
 #include "fonts/field_text.h"
 #include "fonts/font_stream.h"
 
@@ -18,7 +19,7 @@ constexpr std::size_t kLargestFile = 256 << 10;
 constexpr std::int64_t kMedium = 130;  // weight of a font that names none
 
 std::string ReadText(const char* path) {
-  const Stream stream(OpenFontFile(path, "rb"));
+  const Stream stream(OpenRegularFile(path, "rb"));
   std::string text;
   std::array<std::uint8_t, 4096> block;
   while (stream != nullptr) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "base/byte_reader.h"
+#include "files/regular_file.h"
 #include "fonts/font_stream.h"
 #include "fonts/pcl_dump.h"
 
@@ -77,7 +78,7 @@ bool SkipPclHeaderCommand(std::FILE* stream, std::uint32_t* headerSize) {
 }
 
 Stream OpenPclFont(const char* path) {
-  Stream stream(OpenFontFile(path, "rb"));
+  Stream stream(OpenRegularFile(path, "rb"));
   FontHeaderCommand command;
   if (stream != nullptr && !ReadFontHeaderCommand(stream.get(), &command)) stream.reset();
   return stream;

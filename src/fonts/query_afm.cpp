@@ -2,6 +2,7 @@
 #include <cstdio>
 
 #include "base/stream.h"
+#include "files/regular_file.h"
 #include "fonts/afm_reader.h"
 #include "fonts/field_text.h"
 #include "fonts/font_query.h"
@@ -38,9 +39,9 @@ Result QueryAfm(const FontQuery& query) {
   if (needsInf && !CompanionExists(query, "INF")) {
     return query.option == 5 ? ZE_OK : ZE_UNSUPPORTED;
   }
-  const Stream afm(OpenFontFile(query.path, "r"));
+  const Stream afm(OpenRegularFile(query.path, "r"));
   if (afm == nullptr) return ZE_OPEN_FAILED;
-  const Stream inf(OpenFontFile(ReplaceExtension(query.path, "INF").text, "r"));
+  const Stream inf(OpenRegularFile(ReplaceExtension(query.path, "INF").text, "r"));
   if (needsInf && inf == nullptr) return query.option == 5 ? ZE_OK : ZE_OPEN_FAILED;
 
   const AfmMetricsPtr metrics = NewAfmMetrics(query.path);

@@ -2,6 +2,7 @@
 #include <array>
 
 #include "base/stream.h"
+#include "files/regular_file.h"
 #include "fonts/dlf_font.h"
 #include "fonts/field_text.h"
 #include "fonts/font_query.h"
@@ -18,7 +19,7 @@ constexpr std::size_t kFmfNameOffset = 52;
 
 Result QueryDlf(const FontQuery& query) {
   ZeFontInfo& info = *query.info;
-  const Stream stream(OpenFontFile(query.path, "rb"));
+  const Stream stream(OpenRegularFile(query.path, "rb"));
   if (stream == nullptr) return ZE_OPEN_FAILED;
   DescribeDlfFont(stream.get(), info.description, sizeof(info.description));
   if (info.description[0] == '\0') return ZE_BAD_FORMAT;
@@ -34,7 +35,7 @@ Result QueryDlf(const FontQuery& query) {
 
 Result QueryFmf(const FontQuery& query) {
   ZeFontInfo& info = *query.info;
-  const Stream stream(OpenFontFile(query.path, "rb"));
+  const Stream stream(OpenRegularFile(query.path, "rb"));
   if (stream == nullptr) return ZE_OPEN_FAILED;
   std::array<std::uint8_t, kFmfHeader> room;
   const auto header = ReadUpTo(stream.get(), room);

@@ -1,5 +1,6 @@
 // Windows printer font metrics of one font (PFM, PSM, PBM) and of a cartridge (PCM).
 #include "base/stream.h"
+#include "files/regular_file.h"
 #include "fonts/cartridge.h"
 #include "fonts/field_text.h"
 #include "fonts/font_query.h"
@@ -9,7 +10,7 @@
 namespace zeapi {
 
 Result QueryPfm(const FontQuery& query) {
-  const Stream stream(OpenFontFile(query.path, "rb"));
+  const Stream stream(OpenRegularFile(query.path, "rb"));
   PfmBlock block;
   if (stream == nullptr || !ReadPfmBlock(stream.get(), &block)) return ZE_BAD_FORMAT;
   const PfmName name = PfmFontName(block.bytes);
@@ -23,7 +24,7 @@ Result QueryPfm(const FontQuery& query) {
 }
 
 Result QueryPcm(const FontQuery& query) {
-  const Stream stream(OpenFontFile(query.path, "rb"));
+  const Stream stream(OpenRegularFile(query.path, "rb"));
   if (stream == nullptr) return ZE_BAD_FORMAT;
   CartridgePtr cartridge = ReadCartridge(stream.get());
   if (cartridge == nullptr) return ZE_BAD_FORMAT;

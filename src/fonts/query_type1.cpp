@@ -1,5 +1,6 @@
 // Type 1 outlines: PFA (text) and PFB (binary), and the companions that a caller asks for.
 #include "base/stream.h"
+#include "files/regular_file.h"
 #include "fonts/field_text.h"
 #include "fonts/font_query.h"
 #include "fonts/font_stream.h"
@@ -44,7 +45,7 @@ Result FindCompanions(const FontQuery& query) {
 }  // namespace
 
 Result QueryPfa(const FontQuery& query) {
-  const Stream stream(OpenFontFile(query.path, "r"));
+  const Stream stream(OpenRegularFile(query.path, "r"));
   if (stream == nullptr) return ZE_OPEN_FAILED;
   const Type1Name name = ReadPfaName(stream.get());
   if (name.text[0] == '\0') return ZE_BAD_FORMAT;
@@ -54,7 +55,7 @@ Result QueryPfa(const FontQuery& query) {
 }
 
 Result QueryPfb(const FontQuery& query) {
-  const Stream stream(OpenFontFile(query.path, "rb"));
+  const Stream stream(OpenRegularFile(query.path, "rb"));
   if (stream == nullptr) return ZE_OPEN_FAILED;
   const PfbNames names = ReadPfbNames(stream.get());
   if (names.name.text[0] == '\0') return ZE_BAD_FORMAT;

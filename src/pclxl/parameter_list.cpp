@@ -6,8 +6,8 @@ namespace zeapi::filter {
 namespace {
 
 struct Prefix {
-  char first;
-  char second;
+  std::uint8_t first;
+  std::uint8_t second;
   std::string_view entries;
 };
 
@@ -19,8 +19,8 @@ constexpr Prefix kPrefixTable[] = {
 
 struct Option {
   std::uint32_t bit;
-  char first;
-  char second;
+  std::uint8_t first;
+  std::uint8_t second;
   std::string_view entries;
 };
 
@@ -87,9 +87,7 @@ ParameterLists::ParameterLists(std::uint32_t options) {
   for (std::size_t i = 0; i < kPrefixes; ++i) lists_[i].Add(kPrefixTable[i].entries);
   for (const Option& option : kOptionTable) {
     if ((options & option.bit) == 0) continue;
-    const auto first = static_cast<std::uint8_t>(option.first);
-    const auto second = static_cast<std::uint8_t>(option.second);
-    lists_[PrefixIndex(first, second)].Add(option.entries);
+    lists_[PrefixIndex(option.first, option.second)].Add(option.entries);
   }
 }
 

@@ -86,7 +86,7 @@ class PclMacroCheck {
       if (isMacroControl && (letter | 0x20) == 'x' && (value == 0 || value == 1)) return false;
       const bool countsData =
           list != nullptr && list->Judge(letter, value) == Verdict::kKeepWithData;
-      if (countsData && value > 0) data += static_cast<std::uint64_t>(value);
+      if (countsData) AddCount(value, &data);
     } while (LetterContinues(letter));
     return SkipData(data);
   }

@@ -130,7 +130,7 @@ class PclMacroFilter {
       return;
     }
     stream_.Drop(1);
-    stream_.Keep(ahead[at] == kEscape ? at - 1 : at);
+    stream_.Keep(at);
   }
 
   // The usual sequence lies before us whole and keeps all its groups: it is passed on in one piece
@@ -146,15 +146,15 @@ class PclMacroFilter {
         if (letter < FilterStream::kLookAhead) return stream_.Keep(letter);
         return Rebuild(list);
       }
-      const Verdict verdict = list.Judge(ahead[letter], ValueOf(ahead.subspan(at, letter - at)));
-      if (verdict == Verdict::kKeepWithData) AddData(ahead.subspan(at, letter - at), &data);
+      const std::int64_t value = ValueOf(ahead.subspan(at, letter - at));
+      const Verdict verdict = list.Judge(ahead[letter], value);
+      if (verdict == Verdict::kKeepWithData) AddCount(value, &data);
       whole &= verdict != Verdict::kDrop;
       at = letter + 1;
       if (!LetterContinues(ahead[letter])) break;
     }
     if (!whole) return Rebuild(list);
-    // An escape is no letter: it begins the next sequence.
-    stream_.Keep(ahead[at - 1] == kEscape ? at - 1 : at);
+    stream_.Keep(at);
     stream_.KeepData(data);
   }
 
@@ -168,14 +168,10 @@ class PclMacroFilter {
       const std::size_t letter = EndOfValue(ahead, 0);
       // The file ends, or the value is longer than any: what is left is plain text.
       if (letter == ahead.size()) return sequence.BreakOff();
-      if (ahead[letter] == kEscape) {
-        sequence.EndBeforeEscape(letter);
-        break;
-      }
-      const ByteSpan value = ahead.first(letter);
+      const std::int64_t value = ValueOf(ahead.first(letter));
       const bool last = !LetterContinues(ahead[letter]);
-      const Verdict verdict = list.Judge(ahead[letter], ValueOf(value));
-      if (verdict == Verdict::kKeepWithData) AddData(value, &data);
+      const Verdict verdict = list.Judge(ahead[letter], value);
+      if (verdict == Verdict::kKeepWithData) AddCount(value, &data);
       if (verdict == Verdict::kDrop) {
         sequence.DropGroup(letter + 1, last);
       } else {
@@ -184,11 +180,6 @@ class PclMacroFilter {
       if (last) break;
     }
     stream_.KeepData(data);
-  }
-
-  static void AddData(ByteSpan value, std::uint64_t* data) {
-    const std::int64_t count = ValueOf(value);
-    if (count > 0) *data += static_cast<std::uint64_t>(count);
   }
 
   FilterStream& stream_;

@@ -4,9 +4,9 @@
 // lower case says that another group follows.
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <limits>
 #include <span>
 
 namespace zeapi::filter {
@@ -52,12 +52,18 @@ class ValueReader {
   std::int64_t value() const { return negative_ ? -magnitude_ : magnitude_; }
 
  private:
-  static constexpr std::int64_t kLargest = std::numeric_limits<std::int64_t>::max();
+  static constexpr std::int64_t kLargest = std::int64_t{1} << 62;
   std::int64_t magnitude_ = 0;
   bool negative_ = false;
   bool first_ = true;
   bool ended_ = false;
 };
+
+// Adds what a value counts; a negative one counts nothing.
+inline void AddCount(std::int64_t value, std::uint64_t* count) {
+  constexpr std::uint64_t kLargest = std::uint64_t{1} << 63;
+  if (value > 0) *count = std::min(*count + static_cast<std::uint64_t>(value), kLargest);
+}
 
 inline std::int64_t ValueOf(std::span<const std::uint8_t> text) {
   ValueReader reader;

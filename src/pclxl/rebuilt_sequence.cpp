@@ -27,13 +27,6 @@ void RebuiltSequence::DropGroup(std::size_t length, bool last) {
   if (last) EndWithWaiting();
 }
 
-void RebuiltSequence::EndBeforeEscape(std::size_t length) {
-  WriteWaiting();
-  if (length == 0) return;
-  WritePrefix();
-  stream_.Keep(length);
-}
-
 void RebuiltSequence::BreakOff() {
   WriteWaiting();
   if (!stream_.Ahead().empty()) WritePrefix();

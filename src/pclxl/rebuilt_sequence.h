@@ -21,9 +21,6 @@ class RebuiltSequence {
   void KeepGroup(std::size_t length, bool last);
   void DropGroup(std::size_t length, bool last);
 
-  // An escape follows after `length` bytes of a value without a letter.
-  void EndBeforeEscape(std::size_t length);
-
   // What follows in the stream is not looked into.
   void BreakOff();
 

@@ -17,7 +17,7 @@ Result CheckStoredStream(std::FILE* file, ZeMacroInfo* macro) {
   std::array<char, kXlStreamHeader.size()> header;
   if (std::fread(header.data(), 1, header.size(), file) < header.size()) return ZE_READ_FAILED;
   if (std::string_view(header.data(), header.size()) != kXlStreamHeader) return ZE_FIXUP_FAILED;
-  XlStreamName name;
+  XlStreamName name = {};
   if (!XlFindStreamName(file, &name)) return ZE_FIXUP_FAILED;
   std::memcpy(macro->macroName, name.data(), name.size());
   return ZE_OK;

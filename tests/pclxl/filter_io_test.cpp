@@ -33,6 +33,12 @@ class MemorySink final : public filter::BlockSink {
 
 class FilterReaderTest : public ScratchTest {
  protected:
+  // The folder goes away only when none of its files is open.
+  void TearDown() override {
+    file.reset();
+    ScratchTest::TearDown();
+  }
+
   void OpenOn(std::string_view bytes) {
     WriteFile("source", bytes);
     file.reset(platform::OpenStream("source", "rb"));

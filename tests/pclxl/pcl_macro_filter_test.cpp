@@ -264,17 +264,17 @@ TEST_F(PclFilterTest, AnyOtherCharacterEndsASequence) {
   Expect(Bytes("\x1B&l1o5\x80x"), Bytes("\x1B&l5\x80x"));
 }
 
-TEST_F(PclFilterTest, EscapeBeginsTheNextSequence) {
-  Expect(
+TEST_F(PclFilterTest, EscapeEndsASequenceLikeAnyOtherCharacter) {
+  ExpectKept(
       "\x1B&l5\x1B"
-      "E",
-      "\x1B&l5");
+      "E");
   Expect(
       "\x1B&l1o5\x1B"
       "E",
-      "\x1B&l5");
-  Expect("\x1B&l5e1o\x1B&l1O", "\x1B&l5e");
-  Expect("\x1B&l1o\x1B&l1O", "");
+      "\x1B&l5\x1B"
+      "E");
+  Expect("\x1B&l5e1o\x1B&l1O", "\x1B&l5e\x1B&l1O");
+  Expect("\x1B&l1o\x1B&l1O", "\x1B&l\x1B&l1O");
   ExpectKept("\x1B&l\x1B&l5E");
 }
 
@@ -377,6 +377,8 @@ TEST_F(PclFilterTest, DataCutOffStaysAsItStands) {
                    "E"),
                "\x1B*b100W\x1B"
                "E");
+  EXPECT_BYTES(Pcl("\x1B*b9223372036854775807v9223372036854775807v2W\x0C"),
+               "\x1B*b9223372036854775807v9223372036854775807v2W\x0C");
   EXPECT_BYTES(Pcl("\x1B*b99999999999999999999W\x0C"), "\x1B*b99999999999999999999W\x0C");
 }
 
@@ -461,11 +463,12 @@ TEST_F(PclFilterTest, KeepsTheLossOfItsEscape) {
   Expect("\x1B&n-5W", "&n-5W");
 }
 
-TEST_F(PclFilterTest, EscapeBehindAnAlphanumericIdBeginsASequence) {
+TEST_F(PclFilterTest, EscapeBehindAnAlphanumericIdEndsIt) {
   Expect(
       "\x1B&n5\x1B"
       "E",
-      "&n5");
+      "&n5\x1B"
+      "E");
 }
 
 // --- Other languages

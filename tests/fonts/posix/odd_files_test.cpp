@@ -3,8 +3,8 @@
 #include <unistd.h>
 
 #include "download/font_senders.h"
+#include "files/regular_file.h"
 #include "fonts/convert.h"
-#include "fonts/font_stream.h"
 #include "output/ZeQue.h"
 #include "support/job.h"
 #include "support/metrics.h"
@@ -39,10 +39,10 @@ TEST_F(NamedPipeTest, OnlyRegularFilesAreFontFiles) {
   WriteFile("file.x", "x");
   fs::create_symlink("file.x", "link.x");
   for (const char* name : {"pipe.x", "folder.x", "missing.x", "/dev/null", ""}) {
-    EXPECT_EQ(OpenFontFile(name, "rb"), nullptr) << name;
+    EXPECT_EQ(OpenRegularFile(name, "rb"), nullptr) << name;
   }
   for (const char* name : {"file.x", "link.x"}) {
-    std::FILE* file = OpenFontFile(name, "rb");
+    std::FILE* file = OpenRegularFile(name, "rb");
     ASSERT_NE(file, nullptr) << name;
     std::fclose(file);
   }

@@ -1,5 +1,5 @@
-// zeapi pclxl: what a PCL XL job says, and whether it could be stored as a stream. The listing is
-// no part of the interface: this command alone links the library's own reader.
+// zeapi pclxl: what a PCL XL job says, and where its reader stops. The listing is no part of the
+// interface: this command alone links the library's own reader.
 #include <fstream>
 #include <memory>
 
