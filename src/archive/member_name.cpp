@@ -35,7 +35,7 @@ bool IsDevice(std::string_view component) {
   if (std::find(kDevices.begin(), kDevices.end(), base) != kDevices.end()) return true;
   // The raised digits are two bytes in UTF-8.
   if (base.size() == 5 && base[3] == '\xC2') base.erase(3, 1);
-  return base.size() == 4 && kPortDigits.find(base[3]) != kPortDigits.npos &&
+  return base.size() == 4 && kPortDigits.find(base[3]) != std::string_view::npos &&
          std::find(kPorts.begin(), kPorts.end(), base.substr(0, 3)) != kPorts.end();
 }
 
@@ -90,9 +90,9 @@ LocalName MakeLocal(std::string_view mapped) {
     const std::size_t separator = mapped.find_first_of(kSeparators);
     const std::string_view component = mapped.substr(0, separator);
     const bool climbs = component == "..";
-    local.dropped |= climbs || (first && component.empty() && separator != mapped.npos);
+    local.dropped |= climbs || (first && component.empty() && separator != std::string_view::npos);
     const bool stays = !climbs && !component.empty() && component != ".";
-    if (separator == mapped.npos) {
+    if (separator == std::string_view::npos) {
       if (stays) local.file = MakeHarmless(component);
       local.usable = stays || (component.empty() && !first);
       return local;

@@ -78,8 +78,8 @@ bool MatchOne(char c, std::string_view pattern, std::size_t* at) {
 bool MatchesWildcard(std::string_view name, std::string_view pattern) {
   std::size_t n = 0;
   std::size_t p = 0;
-  std::size_t star = pattern.npos;  // behind the last "*"
-  std::size_t taken = 0;            // where in the name its run ends
+  std::size_t star = std::string_view::npos;  // behind the last "*"
+  std::size_t taken = 0;                      // where in the name its run ends
   while (n < name.size()) {
     if (p < pattern.size() && pattern[p] == '*') {
       star = ++p;
@@ -87,14 +87,14 @@ bool MatchesWildcard(std::string_view name, std::string_view pattern) {
     } else if (std::size_t next = p; p < pattern.size() && MatchOne(name[n], pattern, &next)) {
       p = next;
       ++n;
-    } else if (star != pattern.npos) {
+    } else if (star != std::string_view::npos) {
       p = star;
       n = ++taken;
     } else {
       return false;
     }
   }
-  return pattern.find_first_not_of('*', p) == pattern.npos;
+  return pattern.find_first_not_of('*', p) == std::string_view::npos;
 }
 
 }  // namespace zeapi

@@ -24,11 +24,11 @@ class LocalTree {
 
   // Creates a file in the folder entered last, or empties it. kNoFileHandle when that fails, and for
   // anything but a plain file.
-  FileHandle Create(const std::string& name);
+  FileHandle Create(const std::string& name) const;
 
   // Sets the last-write time of a file there to a date and time as DOS stores them, taken as UTC.
   // False when they are none.
-  bool SetLastWrite(const std::string& name, std::uint16_t date, std::uint16_t time);
+  bool SetLastWrite(const std::string& name, std::uint16_t date, std::uint16_t time) const;
 
  private:
   void Leave();

@@ -62,7 +62,7 @@ bool LocalTree::Enter(const std::string& folder) {
 }
 
 // Without waiting for the other end of a pipe that stands there.
-FileHandle LocalTree::Create(const std::string& name) {
+FileHandle LocalTree::Create(const std::string& name) const {
   const int folder = folder_ == kNoFileHandle ? AT_FDCWD : folder_;
   const int file = openat(folder, name.c_str(),
                           O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC, 0666);
@@ -74,7 +74,8 @@ FileHandle LocalTree::Create(const std::string& name) {
   return file;
 }
 
-bool LocalTree::SetLastWrite(const std::string& name, std::uint16_t date, std::uint16_t time) {
+bool LocalTree::SetLastWrite(const std::string& name, std::uint16_t date,
+                             std::uint16_t time) const {
   timespec times[2] = {};
   times[0].tv_nsec = UTIME_OMIT;
   if (!ToSeconds(date, time, &times[1].tv_sec)) return false;

@@ -26,14 +26,15 @@ void LocalTree::Leave() { entered_.clear(); }
 bool LocalTree::Enter(const std::string& folder) {
   if (folder == entered_) return true;
   Leave();
-  for (std::size_t end = folder.find('/'); end != folder.npos; end = folder.find('/', end + 1)) {
+  for (std::size_t end = folder.find('/'); end != std::string::npos;
+       end = folder.find('/', end + 1)) {
     if (!MakeFolder(folder.substr(0, end).c_str())) return false;
   }
   entered_ = folder;
   return true;
 }
 
-FileHandle LocalTree::Create(const std::string& name) {
+FileHandle LocalTree::Create(const std::string& name) const {
   const std::string path = entered_ + name;
   const DWORD attributes = GetFileAttributesA(path.c_str());
   if (attributes != INVALID_FILE_ATTRIBUTES &&
@@ -42,7 +43,8 @@ FileHandle LocalTree::Create(const std::string& name) {
   return HandleCreate(path.c_str());
 }
 
-bool LocalTree::SetLastWrite(const std::string& name, std::uint16_t date, std::uint16_t time) {
+bool LocalTree::SetLastWrite(const std::string& name, std::uint16_t date,
+                             std::uint16_t time) const {
   FILETIME stamp;
   if (!DosDateTimeToFileTime(date, time, &stamp)) return false;
   const HANDLE file =
