@@ -64,8 +64,8 @@ std::uint32_t Crc32ByFolding(std::uint32_t crc, std::span<const std::uint8_t> by
 }
 
 void Crc32::Update(std::span<const std::uint8_t> bytes) {
-  static const bool folds = platform::CanFoldCrc32();
-  register_ = folds ? Crc32ByFolding(register_, bytes) : Crc32WithTables(register_, bytes);
+  static const bool kFolds = platform::CanFoldCrc32();
+  register_ = kFolds ? Crc32ByFolding(register_, bytes) : Crc32WithTables(register_, bytes);
 }
 
 }  // namespace zeapi

@@ -91,7 +91,7 @@ ArchiveStatus MemberExtractor::Decode(const MemberFacts& facts, BlockSink& sink)
     }
     whole = window.total() == size;
   }
-  return !whole && source.archiveEnded() ? Worse(status, kArchiveUnexpectedEnd) : status;
+  return !whole && source.ArchiveEnded() ? Worse(status, kArchiveUnexpectedEnd) : status;
 }
 
 }  // namespace zeapi

@@ -136,7 +136,8 @@ Outcome Inflater::OneCode() {
   return Outcome::kMore;
 }
 
-Outcome Inflater::Fast() {
+// One loop of all there is: parts of it as functions would pass through memory what it keeps in registers.
+Outcome Inflater::Fast() {  // NOLINT(readability-function-cognitive-complexity)
   bits_.Join();
   BitCursor in = bits_.cursor();
   std::size_t position = window_.position();

@@ -20,7 +20,7 @@ class MemberSource : public BlockSource {
   }
 
   // True once bytes were asked for that the header states and the archive does not have.
-  bool archiveEnded() const { return archiveEnded_; }
+  bool ArchiveEnded() const { return archiveEnded_; }
 
  private:
   ArchiveFile& file_;
