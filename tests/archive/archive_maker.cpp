@@ -24,7 +24,7 @@ ZipArchive Packed() {
   ZipArchive archive;
   for (int i = 0; i < 40; ++i) {
     const std::string number = std::to_string(i);
-    const std::string plain = PlainOf(1U << (4 + i % 13), random);
+    const std::string plain = PlainOf(i == 20 ? 60000U : 1U << (4 + i % 10), random);
     archive.members.push_back({"stored" + number, plain});
     const ShrinkHabits late = {0, i % 3 == 0 ? 3000U : 0U, 0};
     archive.members.push_back({"shrunk" + number, plain, 1, Shrink(plain, late, random)});

@@ -31,6 +31,17 @@ def contents(folder):
 
 
 class ArchiveTest(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        packed = tempfile.TemporaryDirectory()
+        cls.addClassCleanup(packed.cleanup)
+        run(MAKER, "a.zip", "plain", folder=packed.name)
+        cls.packed = packed.name
+
+    def use_packed(self):
+        shutil.copy(os.path.join(self.packed, "a.zip"), self.folder)
+        return contents(os.path.join(self.packed, "plain"))
+
     def setUp(self):
         temporary = tempfile.TemporaryDirectory()
         self.addCleanup(temporary.cleanup)
@@ -97,9 +108,8 @@ class ArchiveTest(unittest.TestCase):
         self.check_reads("7z", "a", "-tzip", "-bd", "-mx=0", "../a.zip", ".")
 
     def check_other_reads(self, kinds, *program):
-        run(MAKER, "a.zip", "plain", folder=self.folder)
+        plain = self.use_packed()
         run(*program, "../a.zip", folder=self.out, codes=(0, 2, 81))
-        plain = contents(self.plain)
         right = [name for name, content in contents(self.out).items() if content == plain[name]]
         for kind in kinds:
             self.assertEqual(len([name for name in right if name.startswith(kind)]), 40, kind)
@@ -115,9 +125,9 @@ class ArchiveTest(unittest.TestCase):
         self.check_other_reads(("stored", "shrunk", "cleared", *self.IMPLODED), "7z", "x", "-y", "-bd")
 
     def test_reads_what_the_encoders_make(self):
-        run(MAKER, "a.zip", "plain", folder=self.folder)
+        plain = self.use_packed()
         self.explode("../a.zip")
-        self.assertEqual(contents(self.out), contents(self.plain))
+        self.assertEqual(contents(self.out), plain)
 
 
 if __name__ == "__main__":
