@@ -83,6 +83,7 @@ enum ZeResult {
   ZE_READ_FAILED = 6,           /**< Reading the input file failed. */
   ZE_WRITE_FAILED = 7,          /**< A file took fewer bytes than were written. */
   ZE_SEEK_FAILED = 8,           /**< A file could not be positioned. */
+  ZE_UNEXPECTED_END = 9,        /**< An archive ends where more was to come. */
   ZE_OUT_OF_MEMORY = 11,        /**< Memory could not be had. */
   ZE_PRINTER_WRITE_FAILED = 14, /**< The spooler or the bidirectional DLL refused data. */
   ZE_NOT_DOS_DISK = 16,         /**< The disk's format is not known to the system. */
@@ -541,6 +542,18 @@ typedef struct ZeJobAccount {
 ZEAPI_ASSERT_OFFSET(ZeJobAccount, job, 0);
 ZEAPI_ASSERT_OFFSET(ZeJobAccount, totals, 4);
 ZEAPI_ASSERT_SIZE(ZeJobAccount, 8);
+
+/**
+ * Called by ZeZipExplode() after each file that it has extracted; the result is ignored.
+ * @param name            the file's path from the current directory, components separated by `/`; valid
+ *                        during the call.
+ * @param compressedSize  bytes of the member in the archive, as the archive's directory states them.
+ * @param percentage      `compressedSize` in per cent of all compressed sizes that this process has read
+ *                        from directories of archives so far, rounded half up; 0 of nothing. That sum
+ *                        is never reset, so the same archive gives less the next time.
+ */
+typedef uint32_t(ZEAPI_CALL* ZeZipProgress)(const char* name, uint32_t compressedSize,
+                                            uint32_t percentage);
 
 /**
  * Called by ZeFilModify() for each line.
@@ -1409,6 +1422,58 @@ ZEAPI_EXPORT char* ZEAPI_CALL ZeStrCpyFile(char* destination, const char* path) 
 ZEAPI_EXPORT char* ZEAPI_CALL ZeStrCpyPath(char* destination, const char* path) ZEAPI_NOEXCEPT;
 /** @} */
 
+/** @name Archives */
+/** @{ */
+
+/**
+ * Extracts the members of a ZIP archive below the current directory, over whatever files are there.
+ *
+ * Packing methods: 0 Stored, 1 Shrink, 2 to 5 Reduce, 6 Implode, 8 Deflate. Members packed in another
+ * way, encrypted ones, and those that need more than version 2.0 of the format are passed over, which
+ * is no failure. Members that need host system 2 (up to version 4.2) are passed over too, unless the
+ * next line of standard input begins with `y` or `Y`; a terminal is not asked. Files already extracted
+ * stay, whatever happens later. Files get the member's date and time, taken as UTC.
+ *
+ * A member's name becomes a path in this way:
+ * - `/` and `\` separate folders, which are made; `:` becomes `_`; `;` ends the name; what stands from
+ *   `<` to `>` and from `[` to `]` is left out; character 22 takes the next one as it is; other
+ *   characters stay when they are 32 to 126 or 128 to 254. A name that ends in a separator is a folder.
+ * - Then a component `..` and an empty component at the start are dropped (a warning), and so are `.`
+ *   and other empty ones. A `:` that character 22 has kept becomes `_`, and a separator that it has
+ *   kept separates. Each blank or dot at the end of a component becomes `_`. A component that Windows
+ *   takes for a device (CON, PRN, AUX, NUL, CONIN$, CONOUT$, CLOCK$, and COM or LPT with a digit or a
+ *   raised 1, 2 or 3, in any case and with any extension) gets a `_` in front.
+ * - Symbolic links, junctions and the like below the current directory are not followed: a folder of
+ *   that name cannot be used and a file of that name is not written. So nothing outside the current
+ *   directory is touched.
+ * - Names keep their case; where the host tells cases apart, names that differ in case are two files.
+ *
+ * @param archive   the archive. If there is no such file, or the name is that of a folder, `.zip` is
+ *                  appended.
+ * @param pattern   null or empty for every member, or which names to take, as they are before anything
+ *                  is dropped: `*` any run of characters, `?` one character, `[...]` one of a set, with `!`
+ *                  or `^` at its start one outside it, `-` for ranges, `\` to take a character as it is.
+ *                  Letters outside sets match in either case. At most ZE_MAX_NAME characters.
+ * @param progress  null, or told of each file. With it the first member that is not perfect ends the
+ *                  call; without it only a full disk does.
+ * @return ZE_OK, also with warnings (members passed over, a CRC that does not match, something before
+ *         the archive, nothing in it); ZE_INVALID_ARGUMENT; ZE_FILE_NOT_FOUND (no archive, one of several
+ *         disks, or no member that matches the pattern); ZE_OPEN_FAILED; ZE_BAD_FORMAT (no archive, its
+ *         records do not fit together, packed data is not valid, or a name cannot be a path);
+ *         ZE_UNEXPECTED_END; ZE_OUT_OF_MEMORY; ZE_SHARING_VIOLATION (a file cannot be created);
+ *         ZE_DISK_FULL. Of several the last in this order of the engine counts: warnings, bad format,
+ *         memory, nothing found, file not created, disk full, unexpected end.
+ */
+ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeZipExplode(const char* archive, const char* pattern,
+                                              ZeZipProgress progress) ZEAPI_NOEXCEPT;
+
+/**
+ * Would pack files into an archive; the library does not. Arguments are those of ZeZipExplode().
+ * @return ZE_INVALID_ARGUMENT for arguments that ZeZipExplode() refuses, else ZE_UNSUPPORTED. Nothing is
+ *         opened or changed.
+ */
+ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeZipImplode(const char* archive, const char* pattern,
+                                              ZeZipProgress progress) ZEAPI_NOEXCEPT;
 /**
  * @name Printer records
  *

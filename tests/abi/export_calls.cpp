@@ -86,6 +86,8 @@ const std::vector<ExportCall>& ExportCalls() {
       EXPORT_CALL(ZeStrCpyPath,        8, buffer,              buffer, "c:\\folder\\name"),
       EXPORT_CALL(ZeWebGetCGIURL,     24, ZE_INVALID_ARGUMENT, 1U, 2U, 0U, 0x409U, buffer, 1024U),
       EXPORT_CALL(ZeWebGetURL,        24, ZE_UNKNOWN_TYPE,     2, 1, 0, buffer, 1024U, nullptr),
+      EXPORT_CALL(ZeZipExplode,       12, ZE_FILE_NOT_FOUND,   "no such archive", nullptr, nullptr),
+      EXPORT_CALL(ZeZipImplode,       12, ZE_UNSUPPORTED,      "no such archive", nullptr, nullptr),
       // clang-format on
   };
   return calls;

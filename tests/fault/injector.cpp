@@ -90,6 +90,10 @@ FAULT_POINT(int, stat, (const char* path, struct stat* status), (path, status), 
 FAULT_POINT(int, lstat, (const char* path, struct stat* status), (path, status), EACCES, -1)
 FAULT_POINT(int, fstat, (int file, struct stat* status), (file, status), EIO, -1)
 FAULT_POINT(int, mkdir, (const char* path, mode_t mode), (path, mode), EACCES, -1)
+FAULT_POINT(int, mkdirat, (int folder, const char* path, mode_t mode), (folder, path, mode), EACCES,
+            -1)
+FAULT_POINT(int, utimensat, (int folder, const char* path, const timespec* times, int flags),
+            (folder, path, times, flags), EACCES, -1)
 FAULT_POINT(int, mkstemp, (char* name), (name), EACCES, -1)
 FAULT_POINT(int, unlink, (const char* path), (path), EACCES, -1)
 FAULT_POINT(DIR*, opendir, (const char* path), (path), EACCES, nullptr)
@@ -117,6 +121,16 @@ extern "C" int __wrap_open(const char* path, int flags, ...) {
   const auto mode = (flags & O_CREAT) != 0 ? va_arg(arguments, mode_t) : mode_t{0};
   va_end(arguments);
   return Fails("open", EACCES) ? -1 : __real_open(path, flags, mode);
+}
+
+extern "C" int __real_openat(int folder, const char* path, int flags, ...);
+extern "C" int __wrap_openat(int folder, const char* path, int flags, ...);
+extern "C" int __wrap_openat(int folder, const char* path, int flags, ...) {
+  std::va_list arguments;
+  va_start(arguments, flags);
+  const auto mode = (flags & O_CREAT) != 0 ? va_arg(arguments, mode_t) : mode_t{0};
+  va_end(arguments);
+  return Fails("openat", EACCES) ? -1 : __real_openat(folder, path, flags, mode);
 }
 
 void* operator new(std::size_t size) {

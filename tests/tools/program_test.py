@@ -9,6 +9,7 @@ import subprocess
 import sys
 import tempfile
 import unittest
+import zipfile
 
 COMMAND = []
 
@@ -285,6 +286,41 @@ class Sending(ProgramTest):
         self.assertIn("cannot be opened (3)", done.stderr)
 
 
+class Archives(ProgramTest):
+    def archive(self, name, members):
+        with zipfile.ZipFile(os.path.join(self.folder, name), "w", zipfile.ZIP_DEFLATED) as archive:
+            for member, content in members.items():
+                archive.writestr(member, content)
+
+    def test_extracts_and_shows_a_bar_with_names(self):
+        self.archive("a.zip", {"one.txt": b"1" * 5000, "d/two.txt": b"2", "three.dat": b"3"})
+        done = self.run_program("archive", "extract", "a", "*.TXT")
+        self.assertEqual(done.stdout, "Extracted 2 files from a.\n")
+        self.assertEqual(self.read("one.txt"), b"1" * 5000)
+        self.assertEqual(self.read("d/two.txt"), b"2")
+        self.assertFalse(os.path.exists(os.path.join(self.folder, "three.dat")))
+        self.assertIn("one.txt", done.stderr)
+        self.assertIn("d/two.txt", done.stderr)
+        self.assertIn("[########################] 100% 2 files", done.stderr)
+
+    def test_quiet_shows_nothing(self):
+        self.archive("a.zip", {"one": b"1"})
+        self.assertEqual(self.run_program("archive", "extract", "a.zip", "--quiet").stderr, "")
+
+    def test_events_in_json(self):
+        self.archive("a.zip", {"one": b"1", "two": b"22"})
+        lines = self.run_program("archive", "extract", "a.zip", "--json").stdout.splitlines()
+        first, second, end = [json.loads(line) for line in lines]
+        self.assertEqual((first["event"], first["name"]), ("file", "one"))
+        self.assertEqual((second["name"], second["compressedSize"]), ("two", 4))
+        self.assertEqual((end["event"], end["command"], end["result"], end["files"]),
+                         ("end", "archive extract", 0, 2))  # fmt: skip
+
+    def test_failures(self):
+        self.run_program("archive", "extract", "none", exit_code=2)
+        self.write("bad.zip", b"no archive")
+        done = self.run_program("archive", "extract", "bad.zip", exit_code=27)
+        self.assertIn("zeapi: cannot extract bad.zip", done.stderr)
 class Macros(ProgramTest):
     def test_create_puts_a_file_between_start_and_stop(self):
         self.write("logo.pcl", b"logo")

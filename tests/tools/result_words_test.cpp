@@ -20,6 +20,7 @@ TEST(ResultWords, HasWordsOfItsOwnForEachCode) {
                                       ZE_ACCESS_DENIED,
                                       ZE_READ_FAILED,
                                       ZE_WRITE_FAILED,
+                                      ZE_UNEXPECTED_END,
                                       ZE_OUT_OF_MEMORY,
                                       ZE_PRINTER_WRITE_FAILED,
                                       ZE_NOT_DOS_DISK,

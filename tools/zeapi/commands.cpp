@@ -4,8 +4,8 @@ namespace tool {
 namespace {
 
 constexpr AddFamily kFamilies[] = {
-    AddInfo, AddSend, AddString, AddFont, AddMacro, AddDemo, AddPclXl, AddResource,
-    AddFile, AddIni,  AddPanel,  AddQsf,  AddData,  AddUrl,  AddJob,   AddRecord,
+    AddInfo, AddSend,  AddString, AddFont, AddMacro, AddDemo,    AddPclXl, AddResource, AddFile,
+    AddIni,  AddPanel, AddQsf,    AddData, AddUrl,   AddArchive, AddJob,   AddRecord,
 };
 
 }  // namespace

@@ -22,6 +22,7 @@ void AddQsf(CLI::App& program, Session& session);
 void AddData(CLI::App& program, Session& session);
 void AddUrl(CLI::App& program, Session& session);
 void AddJob(CLI::App& program, Session& session);
+void AddArchive(CLI::App& program, Session& session);
 void AddRecord(CLI::App& program, Session& session);
 void AddPclXl(CLI::App& program, Session& session);
 

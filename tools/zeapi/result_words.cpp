@@ -19,6 +19,7 @@ constexpr Words kWords[] = {
     {ZE_ACCESS_DENIED, "access to the file is denied"},
     {ZE_READ_FAILED, "the file cannot be read"},
     {ZE_WRITE_FAILED, "the file cannot be written"},
+    {ZE_UNEXPECTED_END, "the archive ends unexpectedly"},
     {ZE_OUT_OF_MEMORY, "memory is short"},
     {ZE_PRINTER_WRITE_FAILED, "the printer refused the data"},
     {ZE_NOT_DOS_DISK, "the format of the disk is not known"},

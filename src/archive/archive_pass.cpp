@@ -1,0 +1,129 @@
+#include "archive/archive_pass.h"
+
+#include "archive/member_name.h"
+#include "archive/wildcard.h"
+#include "platform/standard_input.h"
+
+namespace zeapi {
+namespace {
+
+constexpr std::uint8_t kAskingHost = 2;
+constexpr std::uint8_t kNewestVersion = 20;
+constexpr std::uint8_t kNewestVersionOfAskingHost = 42;
+
+bool Confirmed() {
+  const char answer = platform::StandardInputAnswer();
+  return answer == 'y' || answer == 'Y';
+}
+
+bool CanExtract(const CentralHeader& header) {
+  if (header.neededHost == kAskingHost) {
+    if (header.neededVersion > kNewestVersionOfAskingHost || !Confirmed()) return false;
+  } else if (header.neededVersion > kNewestVersion) {
+    return false;
+  }
+  const MemberFacts& facts = header.facts;
+  if (facts.method > kZipImploded && facts.method != kZipDeflated) return false;
+  return (facts.flags & kZipEncrypted) == 0;
+}
+
+}  // namespace
+
+std::uint64_t& ArchiveRunningTotal() {
+  static std::uint64_t total = 0;
+  return total;
+}
+
+std::uint32_t ArchivePercentage(std::uint32_t compressedSize, std::uint64_t runningTotal) {
+  if (runningTotal == 0) return 0;
+  const std::uint64_t doubled = std::uint64_t{compressedSize} * 200;
+  return static_cast<std::uint32_t>((doubled + runningTotal) / (2 * runningTotal));
+}
+
+ArchivePass::ArchivePass(ArchiveFile& file, ArchiveBuffers& buffers, const char* pattern,
+                         ZeZipProgress progress)
+    : file_(file), extractor_(file, buffers), pattern_(pattern), progress_(progress) {
+  batch_.reserve(kBatch);
+}
+
+ArchiveStatus ArchivePass::Run() {
+  const Directory directory = FindDirectory(file_);
+  status_ = directory.status;
+  if (directory.readable) Walk(directory);
+  return status_;
+}
+
+void ArchivePass::Walk(const Directory& directory) {
+  file_.Seek(directory.position);
+  bool skipped = false;
+  bool found = pattern_[0] == '\0';
+  bool broken = false;
+  for (unsigned left = directory.entries; left > 0 && !broken;) {
+    batch_.clear();
+    for (; left > 0 && batch_.size() < kBatch && !broken; --left) {
+      const Entry entry = ReadEntry(directory.adjustment);
+      found |= entry == Entry::kTaken || entry == Entry::kSkipped;
+      skipped |= entry == Entry::kSkipped;
+      broken = entry == Entry::kBroken;
+    }
+    const std::int64_t next = file_.position();
+    if (!ExtractBatch()) return;
+    file_.Seek(next);
+  }
+  if (broken) return;
+  if (!ReadSignature(file_, ZipRecord::kEnd) || skipped) Note(kArchiveWarning);
+  if (!found && status_ <= kArchiveWarning) status_ = kArchiveNothingFound;
+}
+
+ArchivePass::Entry ArchivePass::ReadEntry(std::int64_t adjustment) {
+  std::array<std::uint8_t, kSignatureSize> signature;
+  std::array<std::uint8_t, kCentralHeaderSize> bytes;
+  if (!file_.Read(signature)) {
+    Note(kArchiveUnexpectedEnd);
+    return Entry::kBroken;
+  }
+  if (signature != ZipSignature(ZipRecord::kCentral)) {
+    Note(kArchiveBadStructure);
+    return Entry::kBroken;
+  }
+  if (!file_.Read(bytes)) {
+    Note(kArchiveUnexpectedEnd);
+    return Entry::kBroken;
+  }
+  const CentralHeader header = ParseCentralHeader(bytes);
+  const MemberFacts& facts = header.facts;
+  std::string name(facts.nameLength, '\0');
+  const std::span<char> text(name);
+  if (!file_.Read({reinterpret_cast<std::uint8_t*>(text.data()), text.size()})) {
+    Note(kArchiveUnexpectedEnd);
+    return Entry::kBroken;
+  }
+  file_.Seek(file_.position() + facts.extraLength + header.commentLength);
+  ArchiveRunningTotal() += facts.compressedSize;
+  if (pattern_[0] != '\0' && !MatchesWildcard(MapMemberName(name), pattern_))
+    return Entry::kLeftOut;
+  if (!CanExtract(header)) return Entry::kSkipped;
+  batch_.push_back(
+      {facts.crc, facts.compressedSize, facts.uncompressedSize, header.localOffset + adjustment});
+  return Entry::kTaken;
+}
+
+// False when the pass is over.
+bool ArchivePass::ExtractBatch() {
+  for (const ArchiveMember& member : batch_) {
+    const Extracted extracted = extractor_.Extract(member);
+    if (extracted.renamed) Note(kArchiveWarning);
+    Note(extracted.status);
+    if (!extracted.isFile) continue;
+    if (progress_ == nullptr) {
+      if (extracted.status == kArchiveDiskFull) return false;
+      continue;
+    }
+    if (extracted.status != kArchiveOk) return false;
+    progress_(extracted.name.c_str(), member.compressedSize,
+              ArchivePercentage(member.compressedSize, ArchiveRunningTotal()));
+  }
+  return true;
+}
+
+}  // namespace zeapi

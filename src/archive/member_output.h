@@ -1,0 +1,31 @@
+// The file that a member becomes: counts the CRC over every byte written.
+#pragma once
+
+#include "archive/block_io.h"
+#include "archive/crc32.h"
+#include "platform/handle_files.h"
+
+namespace zeapi {
+
+class MemberOutput : public BlockSink {
+ public:
+  // Takes over the file.
+  explicit MemberOutput(platform::FileHandle file) : file_(file) {}
+  ~MemberOutput() override;
+  MemberOutput(const MemberOutput&) = delete;
+  MemberOutput& operator=(const MemberOutput&) = delete;
+
+  bool Write(std::span<const std::uint8_t> bytes) override;
+  bool Close();
+
+  // False once the disk took less than it was given.
+  bool ok() const { return ok_; }
+  std::uint32_t crc() const { return crc_.Value(); }
+
+ private:
+  platform::FileHandle file_;
+  Crc32 crc_;
+  bool ok_ = true;
+};
+
+}  // namespace zeapi
