@@ -411,6 +411,7 @@ ZEAPI_ASSERT_OFFSET(ZeFoundFile, kind, 268);
 ZEAPI_ASSERT_OFFSET(ZeFoundFile, rootLength, 272);
 ZEAPI_ASSERT_OFFSET(ZeFoundFile, size, 273);
 ZEAPI_ASSERT_SIZE(ZeFoundFile, 277);
+
 /** Accounting of one job. A field's name tells the elements it comes from, below element 2 of the
  * record; what the printer means by them is the printer's own. Texts are zero-terminated. */
 typedef struct ZeJobAccountJob {
@@ -1213,6 +1214,9 @@ ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeWebGetURL(int32_t printer, int32_t topic, int
 ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeWebGetCGIURL(uint32_t family, uint32_t model, uint32_t topic,
                                                 uint32_t language, char* buffer,
                                                 uint32_t size) ZEAPI_NOEXCEPT;
+
+/** @} */
+
 /** @name Macros and overlays */
 /** @{ */
 
@@ -1474,6 +1478,9 @@ ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeZipExplode(const char* archive, const char* p
  */
 ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeZipImplode(const char* archive, const char* pattern,
                                               ZeZipProgress progress) ZEAPI_NOEXCEPT;
+
+/** @} */
+
 /**
  * @name Printer records
  *

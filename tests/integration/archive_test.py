@@ -107,19 +107,20 @@ class ArchiveTest(unittest.TestCase):
     def test_reads_7z_with_nothing_packed(self):
         self.check_reads("7z", "a", "-tzip", "-bd", "-mx=0", "../a.zip", ".")
 
-    def check_other_reads(self, kinds, *program):
+    def check_other_reads(self, kinds, *program, but=()):
         plain = self.use_packed()
         run(*program, "../a.zip", folder=self.out, codes=(0, 2, 81))
-        right = [name for name, content in contents(self.out).items() if content == plain[name]]
-        for kind in kinds:
-            self.assertEqual(len([name for name in right if name.startswith(kind)]), 40, kind)
+        found = contents(self.out)
+        wanted = [name for name in plain if name.startswith(kinds) and name not in but]
+        self.assertEqual(len(wanted), 40 * len(kinds) - len(but))
+        self.assertEqual([name for name in wanted if found.get(name) != plain[name]], [])
 
     IMPLODED = ("imploded0", "imploded2", "imploded4", "imploded6")
     REDUCED = ("reduced1", "reduced2", "reduced3", "reduced4")
 
     def test_unzip_reads_what_the_encoders_make(self):
-        # It does not agree about clearing a table that is not full, as no packer of old did.
-        self.check_other_reads(("stored", "shrunk", *self.IMPLODED), "unzip", "-q")
+        # It clears no string above the newest: right only for the first clearing of a full table.
+        self.check_other_reads(("stored", "shrunk", *self.IMPLODED), "unzip", "-q", but=["shrunk20"])
 
     def test_7z_reads_what_the_encoders_make(self):
         self.check_other_reads(("stored", "shrunk", "cleared", *self.IMPLODED), "7z", "x", "-y", "-bd")

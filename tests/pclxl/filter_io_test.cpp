@@ -2,6 +2,7 @@
 
 #include "base/stream.h"
 #include "output/plain_file_queue.h"
+#include "pclxl/block_collector.h"
 #include "platform/files.h"
 #include "support/job.h"
 
@@ -19,17 +20,6 @@ std::string Pattern(std::size_t size) {
   for (std::size_t i = 0; i < size; ++i) bytes += static_cast<char>(i * 7 % 251);
   return bytes;
 }
-
-// Remembers what it was given, block by block.
-class MemorySink final : public filter::BlockSink {
- public:
-  void Take(std::span<const std::uint8_t> block) override {
-    bytes.append(block.begin(), block.end());
-    sizes.push_back(block.size());
-  }
-  std::string bytes;
-  Sizes sizes;
-};
 
 class FilterReaderTest : public ScratchTest {
  protected:
@@ -176,7 +166,7 @@ class FilterWriterTest : public JobTest {
     for (const char byte : bytes) writer.Write(static_cast<std::uint8_t>(byte));
   }
 
-  MemorySink sink;
+  BlockCollector sink;
   filter::ByteWriter writer;
 };
 
@@ -205,7 +195,7 @@ TEST_F(FilterWriterTest, FullBlockLeavesNoEmptyRest) {
 TEST_F(FilterWriterTest, ManyBytesAtOnceMakeTheSameBlocks) {
   for (const std::size_t first : {0U, 1U, 500U, 1023U, 1024U}) {
     for (const std::size_t more : {0U, 1U, 524U, 1023U, 1024U, 1025U, 3000U}) {
-      MemorySink blocks;
+      BlockCollector blocks;
       filter::ByteWriter other;
       ASSERT_EQ(other.Open(&blocks), ZE_OK);
       const std::string bytes = Pattern(first + more);

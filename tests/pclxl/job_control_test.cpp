@@ -1,20 +1,13 @@
 #include "pclxl/job_control.h"
 
 #include "base/stream.h"
+#include "pclxl/block_collector.h"
 #include "platform/files.h"
 #include "support/bytes.h"
 #include "support/scratch.h"
 
 namespace zeapi::testing {
 namespace {
-
-class MemorySink final : public filter::BlockSink {
- public:
-  void Take(std::span<const std::uint8_t> block) override {
-    bytes.append(block.begin(), block.end());
-  }
-  std::string bytes;
-};
 
 class JobControlTest : public ScratchTest {
  protected:
@@ -23,7 +16,7 @@ class JobControlTest : public ScratchTest {
     const Stream file(platform::OpenStream("job", "rb"));
     filter::ByteReader reader;
     EXPECT_EQ(reader.Open(file.get()), ZE_OK);
-    MemorySink sink;
+    BlockCollector sink;
     filter::ByteWriter writer;
     EXPECT_EQ(writer.Open(&sink), ZE_OK);
     StripJobControl(&reader, &writer);

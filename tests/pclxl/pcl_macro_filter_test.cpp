@@ -48,11 +48,11 @@ TEST_F(PclFilterTest, TextIsKept) {
 
 TEST_F(PclFilterTest, OutputComesInBlocksOf1024) {
   Pcl(std::string(5000, 'x'));
-  EXPECT_EQ(sink.blocks, (std::vector<std::size_t>{1024, 1024, 1024, 1024, 904}));
+  EXPECT_EQ(sink.sizes, (std::vector<std::size_t>{1024, 1024, 1024, 1024, 904}));
   Pcl("\x1B"
       "E" +
       std::string(2048, 'x'));
-  EXPECT_EQ(sink.blocks, (std::vector<std::size_t>{1024, 1024}));
+  EXPECT_EQ(sink.sizes, (std::vector<std::size_t>{1024, 1024}));
 }
 
 TEST_F(PclFilterTest, UnknownEscapesAreKept) {

@@ -321,6 +321,8 @@ class Archives(ProgramTest):
         self.write("bad.zip", b"no archive")
         done = self.run_program("archive", "extract", "bad.zip", exit_code=27)
         self.assertIn("zeapi: cannot extract bad.zip", done.stderr)
+
+
 class Macros(ProgramTest):
     def test_create_puts_a_file_between_start_and_stop(self):
         self.write("logo.pcl", b"logo")

@@ -16,10 +16,19 @@ static_assert(static_cast<int>(SeekOrigin::kStart) == SEEK_SET);
 static_assert(static_cast<int>(SeekOrigin::kCurrent) == SEEK_CUR);
 static_assert(static_cast<int>(SeekOrigin::kEnd) == SEEK_END);
 
+// A program may run with its standard input closed. No file takes that place: 0 stands for no file at the
+// interface, and questions are read there.
+int AboveStandardStreams(int file) {
+  if (file < 0 || file > STDERR_FILENO) return file;
+  const int above = fcntl(file, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
+  close(file);
+  return above;
+}
+
 FileHandle OpenFile(const char* path, int flags) {
   HostPath host;
   if (!ToHostPath(path, &host)) return kNoFileHandle;
-  const int file = open(host.text, flags | O_CLOEXEC, 0666);
+  const int file = AboveStandardStreams(open(host.text, flags | O_CLOEXEC, 0666));
   struct stat status;
   if (file >= 0 && fstat(file, &status) == 0 && S_ISDIR(status.st_mode)) {
     close(file);

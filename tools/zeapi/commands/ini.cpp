@@ -57,21 +57,21 @@ Report Edited(std::uint32_t done, IniHandle ini, const std::string& file) {
 }
 
 Report Set(const IniOptions& options, IniHandle ini) {
-  return Edited(
-      ZeIniWrite(ini.get(), options.section.c_str(), OrNull(options.key), OrNull(options.value)),
-      std::move(ini), options.file);
+  const std::uint32_t done =
+      ZeIniWrite(ini.get(), options.section.c_str(), OrNull(options.key), OrNull(options.value));
+  return Edited(done, std::move(ini), options.file);
 }
 
 Report Add(const IniOptions& options, IniHandle ini) {
-  return Edited(
-      ZeIniWriteAll(ini.get(), options.section.c_str(), OrNull(options.key), OrNull(options.value)),
-      std::move(ini), options.file);
+  const std::uint32_t done =
+      ZeIniWriteAll(ini.get(), options.section.c_str(), OrNull(options.key), OrNull(options.value));
+  return Edited(done, std::move(ini), options.file);
 }
 
 Report Delete(const IniOptions& options, IniHandle ini) {
-  return Edited(
-      ZeIniDelete(ini.get(), options.section.c_str(), OrNull(options.key), OrNull(options.value)),
-      std::move(ini), options.file);
+  const std::uint32_t done =
+      ZeIniDelete(ini.get(), options.section.c_str(), OrNull(options.key), OrNull(options.value));
+  return Edited(done, std::move(ini), options.file);
 }
 
 struct Action {
