@@ -1501,7 +1501,8 @@ ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeZipImplode(const char* archive, const char* p
  * Reads an option record.
  * @param buffer  the record; as many bytes as its first two say, and these two.
  * @return a record to release with ZeFreeOptionInfo(), empty when there are no options in it; null for
- *         a null buffer and when there is no memory.
+ *         a null buffer and when there is no memory. When memory runs out on the way, what was read until
+ *         then: lists have as many entries as their counts say, texts may be null.
  */
 ZEAPI_EXPORT ZeOptionInfo* ZEAPI_CALL ZeParseOptionInfo(const void* buffer) ZEAPI_NOEXCEPT;
 
@@ -1512,7 +1513,7 @@ ZEAPI_EXPORT void ZEAPI_CALL ZeFreeOptionInfo(ZeOptionInfo* info) ZEAPI_NOEXCEPT
  * Reads a job accounting record. Where it has several root elements, all of them fill one result.
  * @param buffer  as for ZeParseOptionInfo().
  * @return a record to release with ZeFreeJobAccount(); null for a null buffer and when there is no
- *         memory.
+ *         memory. When memory runs out on the way, what was read until then.
  */
 ZEAPI_EXPORT ZeJobAccount* ZEAPI_CALL ZeParseJobAccountingAlert(const void* buffer) ZEAPI_NOEXCEPT;
 
