@@ -2,7 +2,7 @@
 //
 // Input: a line of numbers (mode), a line for each call up to an empty one, the content of the file. A call is a
 // letter (w ZeIniWrite, a ZeIniWriteAll, d ZeIniDelete, r ZeIniRead, g ZeIniRead2 with the size of its
-// buffer as the third text) and its texts, each after a "|"; a missing text is null where it may be.
+// buffer as the third text and a default as the fourth) and its texts, each after a "|"; a missing text is null where it may be.
 
 #include <algorithm>
 #include <cstring>
@@ -42,7 +42,7 @@ struct Texts {
     return *texts[i];
   }
 
-  Text texts[3];
+  Text texts[4];
 };
 
 class Session {
@@ -83,13 +83,16 @@ class Session {
   }
 
   void Read2(Texts& texts) {
-    const std::string expected = model_->Read2(texts.sure(0), texts.sure(1));
+    std::string expected = model_->Read2(texts.sure(0), texts.sure(1));
+    const bool missing = expected == "<41>" || expected == "<45>";
+    const bool defaulted = missing && texts.texts[3];
+    if (defaulted) expected = *texts.texts[3];
     const std::uint32_t size = Numbers(texts.sure(2)).Below(2000) + 1;
     const auto buffer = std::make_unique<char[]>(size);
     std::uint32_t count = 0;
-    const std::uint32_t code = ZeIniRead2(handle_, texts.pointer(0), texts.pointer(1), nullptr,
-                                          buffer.get(), size, &count);
-    if (code == ZE_OK) {
+    const std::uint32_t code = ZeIniRead2(handle_, texts.pointer(0), texts.pointer(1),
+                                          texts.pointer(3), buffer.get(), size, &count);
+    if (code == (defaulted ? ZE_DEFAULT_USED : ZE_OK)) {
       Check(count < size && buffer[count] == '\0', "a whole value is terminated");
       Check(expected == buffer.get(), "the value is that of the first such key");
     } else if (code == ZE_BUFFER_TOO_SMALL) {

@@ -3,13 +3,19 @@
 // Input: a line of numbers (0 binary, 1 binary with the checksum mended, 2 INI form; for INI files
 // list and model), the content of the file.
 
+#include <algorithm>
+#include <array>
+#include <cctype>
+#include <cstdlib>
 #include <cstring>
 #include <memory>
 #include <string>
 
+#include "support/ini_model.h"
 #include "support/input.h"
 #include "support/private_drives.h"
 #include "support/target.h"
+#include "support/text_reference.h"
 #include "zeapi.h"
 
 namespace zeapi::fuzz {
@@ -68,9 +74,15 @@ void CheckBlock(void* handle, const std::string& bytes, std::uint32_t number) {
     return Check(code == ZE_BAD_FORMAT && count == 0, "a block outside the file is refused");
   }
   Check(code == ZE_OK && count == stated, "a block within the file is read");
-  const std::size_t prefix = bytes[5] == 1 && bytes[6] == 1 ? 6 : 0;
-  Check(std::memcmp(static_cast<char*>(memory) + prefix, bytes.data() + start, end - start) == 0,
-        "a block holds the bytes of the file");
+  std::string expected;
+  if (bytes[5] == 1 && bytes[6] == 1) {
+    const std::uint32_t length = end - start;
+    for (const unsigned shift : {0U, 8U, 16U, 24U}) expected += static_cast<char>(length >> shift);
+    for (const unsigned shift : {8U, 0U}) expected += static_cast<char>(stated >> shift);
+  }
+  expected += bytes.substr(start, end - start);
+  Check(std::memcmp(memory, expected.data(), expected.size()) == 0,
+        "a block holds its prefix and the bytes of the file");
 }
 
 void CheckBinary(const std::string& bytes) {
@@ -83,7 +95,33 @@ void CheckBinary(const std::string& bytes) {
   ZeQsfClose(handle);
 }
 
-void CheckIni(std::uint32_t list, std::uint32_t model) {
+// The variables of a list that is known to be whole, two bytes each.
+std::string Variables(const std::string& bytes, std::uint32_t list, std::uint32_t model) {
+  testing::IniModel ini;
+  ini.Load(TextOf(bytes), true);
+  const std::string word = std::array{"REQUIRED", "OPTIONAL", "EXCLUDE", "ORDER"}.at(list - 1);
+  std::string section = std::to_string(1000 + model % 256).substr(1) + word;
+  if (ini.Read2(section, "NUMVARS") == "<45>") section = "DEFAULT" + word;
+  const long entries = std::strtol(ini.Read2(section, "NUMENTRIES").c_str(), nullptr, 10);
+  std::string variables;
+  for (long entry = 1; entry <= entries; ++entry) {
+    std::string value = ini.Read2(section, "OMVARS" + std::to_string(entry)) + " ";
+    std::string digits;
+    for (std::size_t at = 0; at < value.size(); ++at) {
+      if (std::isxdigit(static_cast<unsigned char>(value[at])) != 0) digits += value[at];
+      if (value[at] != ' ' || at == 0 || value[at - 1] == ' ') continue;
+      const std::string last =
+          digits.substr(digits.size() - std::min<std::size_t>(digits.size(), 4));
+      const long number = std::strtol(last.c_str(), nullptr, 16);
+      variables += static_cast<char>(number >> 8);
+      variables += static_cast<char>(number);
+      digits.clear();
+    }
+  }
+  return variables;
+}
+
+void CheckIni(const std::string& bytes, std::uint32_t list, std::uint32_t model) {
   void* ini = ZeIniOpen2(kPath, ZE_INI_READ);
   Check(ini != nullptr, "any file can be opened");
   std::uint16_t* variables = nullptr;
@@ -93,9 +131,9 @@ void CheckIni(std::uint32_t list, std::uint32_t model) {
   Check((variables != nullptr) == (code == ZE_OK) && (count != 0) == (code == ZE_OK),
         "only success gives variables");
   if (variables != nullptr) {
-    std::uint32_t sum = 0;
-    for (std::size_t i = 0; i < count; ++i) sum += variables[i];  // each can be read
-    Check(sum <= 65535U * count, "variables have 16 bits");
+    Check(std::string_view(reinterpret_cast<const char*>(variables), std::size_t{2} * count) ==
+              Variables(bytes, list, model),
+          "the variables are those of the entries");
   }
   ZeIniClose(ini);
 }
@@ -117,7 +155,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   WriteWhole(file, bytes);
   const int descriptors = OpenDescriptors();
   if (form == 2) {
-    CheckIni(list, model);
+    CheckIni(bytes, list, model);
   } else {
     if (form == 1) Mend(file, &bytes);
     CheckBinary(bytes);

@@ -822,14 +822,15 @@ ZEAPI_EXPORT void* ZEAPI_CALL ZeIniOpen(const char* name) ZEAPI_NOEXCEPT;
  * Loads a file.
  * @param name  at most ZE_MAX_NAME characters.
  * @param mode  of ZeIniMode; any other value gives null and touches no file.
- * @return a handle for ZeIniClose(); null when the file does not open or cannot be read to its end,
- *         when the name is null or too long, or when memory runs out.
+ * @return a handle for ZeIniClose(); null when the file does not open (what is no regular file never
+ *         does) or cannot be read to its end, when the name is null or too long, or when memory runs out.
  */
 ZEAPI_EXPORT void* ZEAPI_CALL ZeIniOpen2(const char* name, uint32_t mode) ZEAPI_NOEXCEPT;
 
 /**
  * Ends a handle. The file is written when one of ZeIniWrite(), ZeIniWriteAll() and ZeIniDelete() was
- * called, even if it changed nothing; what ZE_INI_READ dropped is then lost from it.
+ * called, even if it changed nothing; what ZE_INI_READ dropped is then lost from it. Its lines then all
+ * end as the host's do: CR LF on Windows, a line feed elsewhere.
  * @return 1; 0 when the file cannot be opened for writing (the handle is gone all the same) and for
  *         a null handle.
  */
@@ -981,7 +982,8 @@ ZEAPI_EXPORT int16_t ZEAPI_CALL ZeOpcGetPageOmVars(void* handle, int32_t page, v
  * Opens a binary QSF file and checks its header.
  * @param type    the type that the file must have (low 8 bits).
  * @param handle  receives a handle for ZeQsfClose(), null on failure.
- * @return ZE_OK; ZE_INVALID_ARGUMENT (null `handle`); ZE_OPEN_FAILED (also fewer than 74 bytes);
+ * @return ZE_OK; ZE_INVALID_ARGUMENT (null `handle`); ZE_OPEN_FAILED (also for what is no regular file
+ *         and for fewer than 74 bytes);
  *         ZE_OUT_OF_MEMORY; then in this order ZE_UNKNOWN_TYPE, ZE_BAD_HEADER (magic, a flag above 1, or flag
  *         A alone with an empty block 1), ZE_READ_FAILED, ZE_BAD_CHECKSUM.
  */

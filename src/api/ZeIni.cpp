@@ -1,6 +1,7 @@
 #include <memory>
 
 #include "api/guard.h"
+#include "api/ini_handle.h"
 #include "config/ini_file.h"
 #include "zeapi.h"
 
@@ -8,10 +9,20 @@ using namespace zeapi;
 
 namespace {
 
-IniFile* FileOf(void* handle) { return static_cast<IniFile*>(handle); }
-
 constexpr uint32_t kDone = 1;
 constexpr uint32_t kNotDone = 0;
+
+template <typename Write>
+uint32_t WriteWith(Write write, void* handle, const char* section, const char* key,
+                   const char* value) noexcept {
+  return Guarded(kNotDone, [&] {
+    if (handle == nullptr || section == nullptr || key == nullptr || value == nullptr) {
+      return kNotDone;
+    }
+    write(IniFileOf(handle), section, key, value);
+    return kDone;
+  });
+}
 
 }  // namespace
 
@@ -29,14 +40,14 @@ void* ZEAPI_CALL ZeIniOpen2(const char* name, uint32_t mode) noexcept {
 
 uint32_t ZEAPI_CALL ZeIniClose(void* handle) noexcept {
   return Guarded(kNotDone, [&]() -> uint32_t {
-    return handle != nullptr && IniClose(std::unique_ptr<IniFile>(FileOf(handle))) ? kDone
-                                                                                   : kNotDone;
+    return handle != nullptr && IniClose(std::unique_ptr<IniFile>(IniFileOf(handle))) ? kDone
+                                                                                      : kNotDone;
   });
 }
 
 const char* ZEAPI_CALL ZeIniRead(void* handle, const char* section, const char* key) noexcept {
   const char* text = Guarded(nullptr, [&]() -> const char* {
-    return handle == nullptr ? nullptr : IniRead(FileOf(handle), section, key);
+    return handle == nullptr ? nullptr : IniRead(IniFileOf(handle), section, key);
   });
   return text != nullptr ? text : "";
 }
@@ -48,37 +59,25 @@ uint32_t ZEAPI_CALL ZeIniRead2(void* handle, const char* section, const char* ke
   // know that by the count.
   return Guarded(ZE_OK, [&]() -> Result {
     if (handle == nullptr || count == nullptr) return ZE_INVALID_ARGUMENT;
-    return IniRead2(FileOf(handle), section, key, fallback, buffer, size, count);
+    return IniRead2(IniFileOf(handle), section, key, fallback, buffer, size, count);
   });
 }
 
 uint32_t ZEAPI_CALL ZeIniWrite(void* handle, const char* section, const char* key,
                                const char* value) noexcept {
-  return Guarded(kNotDone, [&] {
-    if (handle == nullptr || section == nullptr || key == nullptr || value == nullptr) {
-      return kNotDone;
-    }
-    IniWrite(FileOf(handle), section, key, value);
-    return kDone;
-  });
+  return WriteWith(IniWrite, handle, section, key, value);
 }
 
 uint32_t ZEAPI_CALL ZeIniWriteAll(void* handle, const char* section, const char* key,
                                   const char* value) noexcept {
-  return Guarded(kNotDone, [&] {
-    if (handle == nullptr || section == nullptr || key == nullptr || value == nullptr) {
-      return kNotDone;
-    }
-    IniWriteAll(FileOf(handle), section, key, value);
-    return kDone;
-  });
+  return WriteWith(IniWriteAll, handle, section, key, value);
 }
 
 uint32_t ZEAPI_CALL ZeIniDelete(void* handle, const char* section, const char* key,
                                 const char* value) noexcept {
   return Guarded(kNotDone, [&] {
     if (handle == nullptr || section == nullptr) return kNotDone;
-    IniDelete(FileOf(handle), section, key, value);
+    IniDelete(IniFileOf(handle), section, key, value);
     return kDone;
   });
 }

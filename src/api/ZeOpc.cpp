@@ -1,4 +1,5 @@
 #include "api/guard.h"
+#include "api/ini_handle.h"
 #include "config/panel_queries.h"
 #include "config/panel_registry.h"
 #include "zeapi.h"
@@ -7,9 +8,7 @@ using namespace zeapi;
 
 namespace {
 
-IniFile* FileOf(void* handle) { return static_cast<IniFile*>(handle); }
-
-int16_t Low(int32_t value) { return static_cast<int16_t>(value); }
+int16_t Low16(int32_t value) { return static_cast<int16_t>(value); }
 
 void StoreIfWanted(int32_t value, int32_t* place) {
   if (place != nullptr) *place = value;
@@ -18,7 +17,7 @@ void StoreIfWanted(int32_t value, int32_t* place) {
 }  // namespace
 
 void* ZEAPI_CALL ZeOpcRegisterCfg(int32_t panel, const char* directory) noexcept {
-  return Guarded(nullptr, [&]() -> void* { return OpcRegister(Low(panel), directory); });
+  return Guarded(nullptr, [&]() -> void* { return OpcRegister(Low16(panel), directory); });
 }
 
 uint32_t ZEAPI_CALL ZeOpcUnregisterCfg(void* handle) noexcept {
@@ -26,14 +25,15 @@ uint32_t ZEAPI_CALL ZeOpcUnregisterCfg(void* handle) noexcept {
 }
 
 uint32_t ZEAPI_CALL ZeOpcGetFileName(int32_t panel, char* buffer) noexcept {
-  if (buffer != nullptr) OpcFileName(Low(panel), buffer);
+  if (buffer != nullptr) OpcFileName(Low16(panel), buffer);
   return 1;
 }
 
 void ZEAPI_CALL ZeOpcGetSpinControlLimits(void* handle, int32_t control, int32_t* minimum,
                                           int32_t* maximum, int32_t* third) noexcept {
   const OpcSpinLimits limits = Guarded(OpcSpinLimits{}, [&] {
-    return handle == nullptr ? OpcSpinLimits{} : OpcSpinControlLimits(FileOf(handle), Low(control));
+    return handle == nullptr ? OpcSpinLimits{}
+                             : OpcSpinControlLimits(IniFileOf(handle), Low16(control));
   });
   StoreIfWanted(limits.minimum, minimum);
   StoreIfWanted(limits.maximum, maximum);
@@ -44,14 +44,14 @@ int16_t ZEAPI_CALL ZeOpcGetTextListing(void* handle, int32_t control, int32_t su
                                        uint16_t* texts, int32_t size) noexcept {
   return Guarded(kOpcNoMemory, [&] {
     if (handle == nullptr) return kOpcMissing;
-    return OpcTextListing(FileOf(handle), Low(control), static_cast<uint32_t>(subIndex),
-                          {texts, Low(size)});
+    return OpcTextListing(IniFileOf(handle), Low16(control), static_cast<uint32_t>(subIndex),
+                          {texts, Low16(size)});
   });
 }
 
 int16_t ZEAPI_CALL ZeOpcGetMaxEditLength(void* handle, int32_t control) noexcept {
   return Guarded(0, [&]() -> int16_t {
-    return handle == nullptr ? int16_t{0} : OpcMaxEditLength(FileOf(handle), Low(control));
+    return handle == nullptr ? int16_t{0} : OpcMaxEditLength(IniFileOf(handle), Low16(control));
   });
 }
 
@@ -59,7 +59,7 @@ int16_t ZEAPI_CALL ZeOpcGetPageDefaults(void* handle, int32_t page, void* record
                                         int32_t size) noexcept {
   return Guarded(kOpcMissing, [&] {
     if (handle == nullptr) return kOpcMissing;
-    return OpcPageDefaults(FileOf(handle), Low(page), {records, Low(size)});
+    return OpcPageDefaults(IniFileOf(handle), Low16(page), {records, Low16(size)});
   });
 }
 
@@ -67,6 +67,6 @@ int16_t ZEAPI_CALL ZeOpcGetPageOmVars(void* handle, int32_t page, void* variable
                                       int32_t size) noexcept {
   return Guarded(kOpcMissing, [&] {
     if (handle == nullptr) return kOpcMissing;
-    return OpcPageOmVars(FileOf(handle), Low(page), {variables, Low(size)});
+    return OpcPageOmVars(IniFileOf(handle), Low16(page), {variables, Low16(size)});
   });
 }

@@ -1,4 +1,5 @@
 #include "api/guard.h"
+#include "api/ini_handle.h"
 #include "config/qsf_file.h"
 #include "config/qsf_section.h"
 #include "zeapi.h"
@@ -38,8 +39,8 @@ uint32_t ZEAPI_CALL ZeQsfIniGetSection(void* ini, uint32_t kind, uint32_t model,
     if (count != nullptr) *count = 0;
     if (ini == nullptr || variables == nullptr || count == nullptr) return ZE_INVALID_ARGUMENT;
     CHeapPtr<uint8_t[]> bytes;
-    const Result result = QsfReadSection(static_cast<IniFile*>(ini), kind,
-                                         static_cast<uint8_t>(model), &bytes, count);
+    const Result result =
+        QsfReadSection(IniFileOf(ini), kind, static_cast<uint8_t>(model), &bytes, count);
     *variables = reinterpret_cast<uint16_t*>(bytes.release());
     return result;
   });

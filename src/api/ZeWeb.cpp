@@ -1,4 +1,5 @@
 #include "api/guard.h"
+#include "api/ini_handle.h"
 #include "web/links.h"
 #include "zeapi.h"
 
@@ -6,9 +7,7 @@ using namespace zeapi;
 
 uint32_t ZEAPI_CALL ZeWebGetURL(int32_t printer, int32_t topic, int32_t language, char* buffer,
                                 uint32_t size, void* ini) noexcept {
-  return Guarded([&] {
-    return WebGetUrl(printer, topic, language, buffer, size, static_cast<IniFile*>(ini));
-  });
+  return Guarded([&] { return WebGetUrl(printer, topic, language, buffer, size, IniFileOf(ini)); });
 }
 
 uint32_t ZEAPI_CALL ZeWebGetCGIURL(uint32_t family, uint32_t model, uint32_t topic,

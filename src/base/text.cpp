@@ -1,5 +1,6 @@
 #include "base/text.h"
 
+#include <algorithm>
 #include <cstring>
 
 namespace zeapi {
@@ -11,12 +12,9 @@ std::size_t BoundedLength(const char* text, std::size_t limit) {
 
 char AsciiUpper(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
 
-bool SameText(const char* a, const char* b) {
-  while (*a != '\0' && AsciiUpper(*a) == AsciiUpper(*b)) {
-    ++a;
-    ++b;
-  }
-  return AsciiUpper(*a) == AsciiUpper(*b);
+bool SameText(std::string_view a, std::string_view b) {
+  return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                    [](char x, char y) { return x == y || AsciiUpper(x) == AsciiUpper(y); });
 }
 
 }  // namespace zeapi

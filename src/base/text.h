@@ -1,7 +1,8 @@
-// Small helpers for zero-terminated text from callers.
+// Small helpers for text from callers and files.
 #pragma once
 
 #include <cstddef>
+#include <string_view>
 
 #include "zeapi.h"
 
@@ -15,10 +16,11 @@ inline bool NameTooLong(const char* name) {
   return BoundedLength(name, ZE_MAX_NAME + 1) > ZE_MAX_NAME;
 }
 
-// True for texts that differ in the case of "a" to "z" at most.
-bool SameText(const char* a, const char* b);
-
-// Upper case of "a" to "z", in any locale; every other byte as it is.
+// Upper case of "a" to "z"; every other byte as it is. In any locale: a host program that sets one
+// must not change what a text means.
 char AsciiUpper(char c);
+
+// True for texts that differ in the case of "a" to "z" at most.
+bool SameText(std::string_view a, std::string_view b);
 
 }  // namespace zeapi

@@ -1,5 +1,6 @@
 #include <algorithm>
 
+#include "base/text.h"
 #include "config/ini_file.h"
 #include "config/text_pieces.h"
 
@@ -57,13 +58,29 @@ FirstBlock ScanFirstBlock(const IniSection& section, Matches matches) {
   return block;
 }
 
+// The first line of the section's first block that matches; null when there was none and a new line was put
+// in.
+template <typename Matches>
+IniLine* FindOrInsert(IniFile* file, std::string_view section, std::string_view key,
+                      std::string_view value, Matches matches) {
+  file->flags |= kIniModified;
+  IniSection* found = file->index.FindSection(section);
+  if (found == nullptr) {
+    AppendSection(file, section, Joined(key, value));
+    return nullptr;
+  }
+  const FirstBlock block = ScanFirstBlock(*found, matches);
+  if (block.match == nullptr) InsertKey(file, found, block.last, Joined(key, value));
+  return block.match;
+}
+
 // Deleting looks at pieces, not at what stands before and behind the first "=": a line without
 // "=" is all key, and a value ends at the next "=".
 bool MatchesPieces(const IniLine& line, std::string_view key, const char* value) {
   std::string_view rest = line.view();
   std::string_view piece;
-  if (!TakePiece(&rest, '=', &piece) || !SameFolded(piece, key)) return false;
-  return value == nullptr || (TakePiece(&rest, '=', &piece) && SameFolded(piece, value));
+  if (!TakePiece(&rest, '=', &piece) || !SameText(piece, key)) return false;
+  return value == nullptr || (TakePiece(&rest, '=', &piece) && SameText(piece, value));
 }
 
 void Remove(IniFile* file, IniLine* before) {
@@ -82,26 +99,16 @@ void RemoveHeader(IniFile* file, const IniLine* header) {
 
 void IniWrite(IniFile* file, std::string_view section, std::string_view key,
               std::string_view value) {
-  file->flags |= kIniModified;
-  const std::string keyLine = Joined(key, value);
-  IniSection* found = file->index.FindSection(section);
-  if (found == nullptr) return AppendSection(file, section, keyLine);
-  const FirstBlock block =
-      ScanFirstBlock(*found, [&](const IniLine& line) { return SameFolded(line.Key(), key); });
-  if (block.match == nullptr) return InsertKey(file, found, block.last, keyLine);
-  file->lines.Rewrite(block.match, keyLine);
+  const auto sameKey = [&](const IniLine& line) { return SameText(line.Key(), key); };
+  IniLine* match = FindOrInsert(file, section, key, value, sameKey);
+  if (match != nullptr) file->lines.Rewrite(match, Joined(key, value));
 }
 
 void IniWriteAll(IniFile* file, std::string_view section, std::string_view key,
                  std::string_view value) {
-  file->flags |= kIniModified;
-  const std::string keyLine = Joined(key, value);
-  IniSection* found = file->index.FindSection(section);
-  if (found == nullptr) return AppendSection(file, section, keyLine);
-  const FirstBlock block = ScanFirstBlock(*found, [&](const IniLine& line) {
-    return SameFolded(line.Key(), key) && SameFolded(line.Value(), value);
+  FindOrInsert(file, section, key, value, [&](const IniLine& line) {
+    return SameText(line.Key(), key) && SameText(line.Value(), value);
   });
-  if (block.match == nullptr) InsertKey(file, found, block.last, keyLine);
 }
 
 void IniDelete(IniFile* file, const char* section, const char* key, const char* value) {

@@ -7,7 +7,7 @@
 #include "base/stream.h"
 #include "base/text.h"
 #include "config/line_pieces.h"
-#include "platform/files.h"
+#include "files/regular_file.h"
 
 namespace zeapi {
 namespace {
@@ -66,7 +66,7 @@ bool LoadAll(IniFile* file, std::FILE* stream) {
 std::unique_ptr<IniFile> IniOpen(const char* name, std::uint32_t mode) {
   const char* streamMode = StreamMode(mode);
   if (streamMode == nullptr || name == nullptr || NameTooLong(name)) return nullptr;
-  Stream stream(platform::OpenStream(name, streamMode));
+  Stream stream(OpenRegularFile(name, streamMode));
   if (stream == nullptr) return nullptr;
   auto file = std::make_unique<IniFile>();
   std::copy_n(name, std::strlen(name), file->path.data());
@@ -75,7 +75,7 @@ std::unique_ptr<IniFile> IniOpen(const char* name, std::uint32_t mode) {
   } else {
     // The file has been made, emptied or found writable. It is read as text like any other: only a stream that
     // does nothing else is translated on every host.
-    stream.reset(platform::OpenStream(name, "r"));
+    stream.reset(OpenRegularFile(name, "r"));
     if (stream == nullptr) return nullptr;
   }
   if (!LoadAll(file.get(), stream.get())) return nullptr;
@@ -84,7 +84,7 @@ std::unique_ptr<IniFile> IniOpen(const char* name, std::uint32_t mode) {
 
 bool IniClose(std::unique_ptr<IniFile> file) {
   if ((file->flags & kIniModified) == 0) return true;
-  const Stream stream(platform::OpenStream(file->path.data(), "w"));
+  const Stream stream(OpenRegularFile(file->path.data(), "w"));
   if (stream == nullptr) return false;
   for (const IniLine* line = file->lines.first(); line != nullptr; line = line->next) {
     std::fwrite(line->text, 1, line->length, stream.get());

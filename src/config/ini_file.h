@@ -37,7 +37,8 @@ inline constexpr std::uint32_t kIniUpdate = 7;
 inline constexpr std::uint32_t kIniCreate = 8;
 inline constexpr std::uint32_t kIniAppend = 9;
 
-// Null for a bad mode or name and for a file that does not open or cannot be read to its end.
+// Null for a bad mode or name and for a file that does not open or cannot be read to its end. What is no
+// regular file counts as one that does not open.
 std::unique_ptr<IniFile> IniOpen(const char* name, std::uint32_t mode);
 
 // Writes the file back if it was modified; false when it cannot be opened for that. The image is gone either
@@ -52,6 +53,11 @@ const char* IniRead(IniFile* file, const char* section, const char* key);
 // argument or no room), 41, 42, 45 or 48; `count` receives the characters stored.
 Result IniRead2(IniFile* file, const char* section, const char* key, const char* fallback,
                 char* buffer, std::uint32_t size, std::uint32_t* count);
+
+// Like IniRead2, but shows what a buffer of `size` bytes would hold, cut to leave room for a terminator, where
+// it stands. Valid until the next edit.
+Result IniReadView(IniFile* file, const char* section, const char* key, const char* fallback,
+                   std::uint32_t size, std::string_view* text);
 
 // Copies all lines of a section that are not empty, each terminated, and one more terminator behind
 // the last. Returns 0, 1 (null argument or no room at all), 42 or 45; `count` receives the bytes stored before

@@ -2,17 +2,24 @@
 
 namespace zeapi {
 
+namespace {
+
 // The header stands for the name between its first and its last character.
-std::string_view ini_names::OfSection(const IniSection& section) {
-  const std::string_view header = section.header->view();
-  return header.substr(1, header.size() - 2);
+std::string_view NameIn(const IniLine& header) {
+  return header.view().substr(1, header.length - 2);
 }
+
+}  // namespace
+
+std::string_view ini_names::OfSection(const IniSection& section) { return NameIn(*section.header); }
 
 std::string_view ini_names::OfKey(const IniLine& line) { return line.Key(); }
 
-// A line that begins with "[" and does not end with "]" ends a section but has no name itself.
+// A line that begins with "[" and does not end with "]" ends a section but has no name itself. Of
+// sections of one name only the first is ever found.
 void IniIndex::Add(IniLine* header) {
   if (header->length < 2 || header->view().back() != ']') return;
+  if (byName_.Find(NameIn(*header)) != nullptr) return;
   sections_.emplace_back().header = header;
   byName_.Add(&sections_.back());
 }
@@ -32,10 +39,10 @@ IniSection* IniIndex::FindSection(std::string_view name) {
 IniLine* IniIndex::FindKey(IniSection* section, std::string_view key) {
   if (!section->keysKnown) {
     section->keys.Clear();
-    for (IniLine* line = section->header->next; line != nullptr; line = line->next) {
-      if (line->HasKey()) section->keys.Add(line);
-      if (line->IsHeader()) break;
-    }
+    FindKeyLine(section->header->next, [section](IniLine* line) {
+      section->keys.Add(line);
+      return false;
+    });
     section->keysKnown = true;
   }
   return section->keys.Find(key);

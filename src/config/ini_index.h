@@ -8,7 +8,7 @@
 #include <deque>
 #include <string_view>
 
-#include "config/folded_names.h"
+#include "config/first_by_name.h"
 #include "config/ini_lines.h"
 
 namespace zeapi {

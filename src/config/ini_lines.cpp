@@ -26,7 +26,7 @@ char* NewText(std::string_view text) {
 }  // namespace
 
 IniLines::~IniLines() {
-  if (!hasBlocksOfTheirOwn_) return;
+  if (!mustRelease_) return;
   for (IniLine* line = first(); line != nullptr;) {
     IniLine* next = line->next;
     Release(line);
@@ -62,7 +62,7 @@ void IniLines::Load(std::string_view text) {
 }
 
 IniLine* IniLines::Insert(IniLine* before, std::string_view text) {
-  hasBlocksOfTheirOwn_ = true;
+  mustRelease_ = true;
   auto line = std::make_unique<IniLine>();
   *line = {NewText(text), nullptr, LengthOf(text), true, true};
   Link(before, line.get());
@@ -78,7 +78,7 @@ void IniLines::RemoveBehind(IniLine* before) {
 
 void IniLines::Rewrite(IniLine* line, std::string_view text) {
   if (line->length < text.size()) {
-    hasBlocksOfTheirOwn_ = true;
+    mustRelease_ = true;
     char* room = NewText(text);
     if (line->ownsText) delete[] line->text;
     line->text = room;

@@ -25,6 +25,17 @@ struct IniLine {
   char* Value() const { return text + Key().size() + 1; }
 };
 
+// The first line with a key, from `line` up to and including the next header, that `matches`. Null when there
+// is none.
+template <typename Matches>
+IniLine* FindKeyLine(IniLine* line, Matches matches) {
+  for (; line != nullptr; line = line->next) {
+    if (line->HasKey() && matches(line)) return line;
+    if (line->IsHeader()) break;
+  }
+  return nullptr;
+}
+
 class IniLines {
  public:
   IniLines() = default;
@@ -34,7 +45,7 @@ class IniLines {
 
   // The list begins with an empty line that is not part of the file.
   IniLine* head() { return &head_; }
-  IniLine* first() { return head_.next; }
+  IniLine* first() const { return head_.next; }
   IniLine* last() { return last_; }
 
   // Appends a line of the file. Lines that come so are kept close together until the list ends.
@@ -57,7 +68,7 @@ class IniLines {
   char noText_[1] = {};
   IniLine head_ = {noText_, nullptr, 0, false, false};
   IniLine* last_ = &head_;
-  bool hasBlocksOfTheirOwn_ = false;             // some line or text has
+  bool mustRelease_ = false;                     // some line or text is a block of its own
   std::vector<std::unique_ptr<char[]>> blocks_;  // loaded lines, each followed by its text
   std::size_t blockSize_ = 0;                    // of the last block
   std::size_t used_ = 0;                         // bytes of it

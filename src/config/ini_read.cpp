@@ -1,19 +1,12 @@
+#include <algorithm>
 #include <cstring>
 #include <utility>
 
+#include "base/text.h"
 #include "config/ini_file.h"
 
 namespace zeapi {
 namespace {
-
-// The first line from `line` on that has the key, up to and including the next header.
-IniLine* ScanForKey(IniLine* line, std::string_view key) {
-  for (; line != nullptr; line = line->next) {
-    if (line->HasKey() && SameFolded(line->Key(), key)) return line;
-    if (line->IsHeader()) return nullptr;
-  }
-  return nullptr;
-}
 
 IniLine* FindLine(IniFile* file, IniLine* cursor, const char* section, const char* key) {
   IniLine* line = cursor;
@@ -23,8 +16,24 @@ IniLine* FindLine(IniFile* file, IniLine* cursor, const char* section, const cha
     if (key != nullptr) return IniIndex::FindKey(found, key);
     line = found->header->next;
   }
-  if (key != nullptr) return ScanForKey(line, key);
+  if (key != nullptr) {
+    return FindKeyLine(line, [key](const IniLine* at) { return SameText(at->Key(), key); });
+  }
   return line != nullptr && !line->IsHeader() ? line : nullptr;
+}
+
+// A value or what takes its place, null for neither, and the code of a copy that fits.
+struct Found {
+  const char* text;
+  Result result;
+};
+
+Found FindValue(IniFile* file, const char* section, const char* key, const char* fallback) {
+  IniSection* found = file->index.FindSection(section);
+  const IniLine* line = found == nullptr ? nullptr : IniIndex::FindKey(found, key);
+  if (line != nullptr) return {line->Value(), ZE_OK};
+  if (fallback != nullptr) return {fallback, ZE_DEFAULT_USED};
+  return {nullptr, found == nullptr ? ZE_SECTION_NOT_FOUND : ZE_KEY_NOT_FOUND};
 }
 
 }  // namespace
@@ -44,20 +53,31 @@ Result IniRead2(IniFile* file, const char* section, const char* key, const char*
     return ZE_INVALID_ARGUMENT;
   }
   *count = 0;
-  IniSection* found = file->index.FindSection(section);
-  const IniLine* line = found == nullptr ? nullptr : IniIndex::FindKey(found, key);
-  const char* source = line == nullptr ? fallback : line->Value();
-  if (source == nullptr) return found == nullptr ? ZE_SECTION_NOT_FOUND : ZE_KEY_NOT_FOUND;
-  const std::size_t length = std::strlen(source);
-  // A buffer that is filled to its end gets no terminator: its callers know its size.
-  if (length >= size) {
-    std::memcpy(buffer, source, size);
-    *count = size;
-    return ZE_BUFFER_TOO_SMALL;
+  const Found found = FindValue(file, section, key, fallback);
+  if (found.text == nullptr) return found.result;
+  // One by one, and only then: a default may lie in the buffer.
+  buffer[0] = '\0';
+  std::uint32_t copied = 0;
+  for (const char* from = found.text; *from != '\0' && copied < size; ++from) {
+    buffer[copied++] = *from;
   }
-  std::memcpy(buffer, source, length + 1);
-  *count = static_cast<std::uint32_t>(length);
-  return line == nullptr ? ZE_DEFAULT_USED : ZE_OK;
+  *count = copied;
+  // A buffer that is filled to its end gets no terminator: its callers know its size.
+  if (copied == size) return ZE_BUFFER_TOO_SMALL;
+  buffer[copied] = '\0';
+  return found.result;
+}
+
+Result IniReadView(IniFile* file, const char* section, const char* key, const char* fallback,
+                   std::uint32_t size, std::string_view* text) {
+  *text = {};
+  if (size == 0) return ZE_INVALID_ARGUMENT;
+  const Found found = FindValue(file, section, key, fallback);
+  if (found.text == nullptr) return found.result;
+  const std::size_t length = BoundedLength(found.text, size);
+  *text = {found.text, std::min<std::size_t>(length, size - 1)};
+  if (length == size) return ZE_BUFFER_TOO_SMALL;
+  return found.result;
 }
 
 Result IniReadSection(IniFile* file, const char* section, char* buffer, std::uint32_t size,

@@ -4,28 +4,29 @@
 #include <cstring>
 #include <string>
 
+#include "base/big_endian.h"
+#include "config/text_numbers.h"
 #include "config/text_pieces.h"
 
 namespace zeapi {
 namespace {
 
 constexpr std::uint32_t kValueRoom = 4000;
-constexpr std::uint32_t kStyleRoom = 10;
 constexpr std::size_t kLongestPageName = 64;
 
 // A value or `fallback`, cut to what the room holds beside its terminator.
-std::string ReadText(IniFile* file, const char* section, const char* key, const char* fallback,
-                     std::uint32_t room = kValueRoom) {
-  std::string text(room, '\0');
-  std::uint32_t count = 0;
-  IniRead2(file, section, key, fallback, text.data(), room, &count);
-  text.resize(count < room ? count : room - 1);
+std::string_view ReadText(IniFile* file, const char* section, const char* key,
+                          const char* fallback) {
+  std::string_view text;
+  IniReadView(file, section, key, fallback, kValueRoom, &text);
   return text;
 }
 
+std::string_view Style(IniFile* file) { return ReadText(file, "Format", "Style", ""); }
+
 // Styles from 2 on name controls in hexadecimal.
 std::string ControlKey(IniFile* file, std::int16_t control, std::uint32_t subIndex = 0) {
-  const std::string style = ReadText(file, "Format", "Style", "", kStyleRoom);
+  const std::string_view style = Style(file);
   const bool hexadecimal = !style.empty() && static_cast<unsigned char>(style[0]) >= '2';
   char key[16];
   std::snprintf(key, sizeof(key), hexadecimal ? "%04x" : "%u", static_cast<unsigned>(control));
@@ -34,7 +35,8 @@ std::string ControlKey(IniFile* file, std::int16_t control, std::uint32_t subInd
 
 // Name of the page's own section; empty when there is none.
 std::string PageSection(IniFile* file, std::int16_t page) {
-  return ReadText(file, "Dialogs", std::to_string(page).c_str(), "").substr(0, kLongestPageName);
+  const std::string_view name = ReadText(file, "Dialogs", std::to_string(page).c_str(), "");
+  return std::string(name.substr(0, kLongestPageName));
 }
 
 std::int64_t ReadCount(IniFile* file, const std::string& section, const char* key) {
@@ -70,9 +72,12 @@ std::int16_t TooSmall(const OpcRoom& room, std::int64_t needed) {
 
 }  // namespace
 
+std::int16_t OpcStyle(IniFile* file) {
+  return static_cast<std::int16_t>(DecimalAtStart(Style(file)));
+}
+
 OpcSpinLimits OpcSpinControlLimits(IniFile* file, std::int16_t control) {
-  const std::string value = ReadText(file, "Spin Limits", ControlKey(file, control).c_str(), "");
-  std::string_view rest = value;
+  std::string_view rest = ReadText(file, "Spin Limits", ControlKey(file, control).c_str(), "");
   std::string_view piece;
   OpcSpinLimits limits;
   if (TakePiece(&rest, ';', &piece)) limits.minimum = DecimalAtStart(piece);
@@ -87,13 +92,11 @@ OpcSpinLimits OpcSpinControlLimits(IniFile* file, std::int16_t control) {
 
 std::int16_t OpcTextListing(IniFile* file, std::int16_t control, std::uint32_t subIndex,
                             const OpcRoom& room) {
-  const std::string value =
-      ReadText(file, "Combos", ControlKey(file, control, subIndex).c_str(), "");
-  if (value.empty()) return kOpcMissing;
+  std::string_view rest = ReadText(file, "Combos", ControlKey(file, control, subIndex).c_str(), "");
+  if (rest.empty()) return kOpcMissing;
   RoomWriter writer(room);
-  std::string_view rest = value;
   std::string_view piece;
-  std::int16_t count = 0;
+  int count = 0;
   bool overflow = false;
   for (; TakePiece(&rest, ';', &piece); ++count) {
     const auto text = static_cast<std::uint16_t>(DecimalAtStart(piece));
@@ -101,7 +104,7 @@ std::int16_t OpcTextListing(IniFile* file, std::int16_t control, std::uint32_t s
     if (room.bytes != nullptr && !overflow) writer.Store(&text, sizeof(text));
   }
   if (room.bytes == nullptr) return static_cast<std::int16_t>(count * 2);
-  return overflow ? TooSmall(room, count * 2) : count;
+  return overflow ? TooSmall(room, std::int64_t{count} * 2) : static_cast<std::int16_t>(count);
 }
 
 std::int16_t OpcMaxEditLength(IniFile* file, std::int16_t control) {
@@ -116,12 +119,11 @@ std::int16_t OpcPageDefaults(IniFile* file, std::int16_t page, const OpcRoom& ro
   const std::int64_t needed = controls * 6;
   if (room.bytes == nullptr) return static_cast<std::int16_t>(needed);
   if (needed > room.size) return TooSmall(room, needed);
-  const std::string value = ReadText(file, section.c_str(), "Defaults", "");
+  std::string_view rest = ReadText(file, section.c_str(), "Defaults", "");
   RoomWriter writer(room);
-  std::string_view rest = value;
   std::string_view piece;
   for (std::int64_t i = 0; i < controls && TakePiece(&rest, ';', &piece); ++i) {
-    const auto control = static_cast<std::uint16_t>(HexAtStart(piece));
+    const std::uint16_t control = HexAtStart(piece);
     writer.Store(&control, sizeof(control));
     if (!TakePiece(&rest, ';', &piece)) break;
     const std::int32_t setting = DecimalAtStart(piece);
@@ -137,16 +139,13 @@ std::int16_t OpcPageOmVars(IniFile* file, std::int16_t page, const OpcRoom& room
   if (room.bytes == nullptr) return static_cast<std::int16_t>(needed);
   if (needed > room.size) return TooSmall(room, needed);
   // All that the file lists, not only as many as it says it has.
-  const std::string value = ReadText(file, section.c_str(), "OMVAR", "");
+  std::string_view rest = ReadText(file, section.c_str(), "OMVAR", "");
   RoomWriter writer(room);
-  std::string_view rest = value;
   std::string_view piece;
   std::int16_t stored = 0;
   while (writer.Fits(2) && TakePiece(&rest, ' ', &piece)) {
-    const std::uint32_t variable = HexAtStart(piece);
-    const std::uint8_t bytes[2] = {static_cast<std::uint8_t>(variable >> 8),
-                                   static_cast<std::uint8_t>(variable)};
-    writer.Store(bytes, sizeof(bytes));
+    const auto bytes = BigEndianBytes(HexAtStart(piece));
+    writer.Store(bytes.data(), bytes.size());
     ++stored;
   }
   return stored;

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <cstdint>
-#include <span>
 
 #include "config/ini_file.h"
 
@@ -25,6 +24,9 @@ struct OpcSpinLimits {
   std::int32_t third = 0;
   bool hasThird = false;
 };
+
+// The number of the file's style; 0 when it has none.
+std::int16_t OpcStyle(IniFile* file);
 
 OpcSpinLimits OpcSpinControlLimits(IniFile* file, std::int16_t control);
 

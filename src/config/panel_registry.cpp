@@ -4,7 +4,8 @@
 #include <string>
 
 #include "base/text.h"
-#include "config/text_pieces.h"
+#include "config/panel_queries.h"
+#include "files/split_path.h"
 
 namespace zeapi {
 namespace {
@@ -30,16 +31,7 @@ std::string PathOf(std::int16_t panel, const char* directory) {
   char name[kPanelFileNameRoom];
   OpcFileName(panel, name);
   if (directory == nullptr) return name;
-  std::string path(directory, BoundedLength(directory, ZE_MAX_NAME));
-  if (!path.ends_with('\\')) path += '\\';
-  return path + name;
-}
-
-std::int16_t StyleOf(IniFile* file) {
-  char value[16];
-  std::uint32_t count = 0;
-  IniRead2(file, "Format", "Style", "", value, sizeof(value), &count);
-  return static_cast<std::int16_t>(DecimalAtStart({value, count}));
+  return WithBackslash({directory, BoundedLength(directory, ZE_MAX_NAME)}) + name;
 }
 
 }  // namespace
@@ -57,7 +49,7 @@ IniFile* OpcRegister(std::int16_t panel, const char* directory) {
     slot->panelId = panelId;
     std::unique_ptr<IniFile> file = IniOpen(PathOf(panel, directory).c_str(), kIniReadFiltered);
     if (file == nullptr) return nullptr;
-    file->style = StyleOf(file.get());
+    file->style = OpcStyle(file.get());
     slot->file = std::move(file);
   }
   ++slot->useCount;

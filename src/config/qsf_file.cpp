@@ -1,10 +1,13 @@
 #include "config/qsf_file.h"
 
+#include <algorithm>
 #include <limits>
 
+#include "base/big_endian.h"
 #include "base/byte_reader.h"
 #include "base/text.h"
 #include "files/checksum.h"
+#include "platform/files.h"
 
 namespace zeapi {
 namespace {
@@ -83,8 +86,8 @@ bool FindBlock(const Header& header, std::uint32_t fileSize, std::uint32_t numbe
 // Length of the block, low byte first, and its count, high byte first.
 void StorePrefix(std::uint32_t length, std::uint16_t count, std::uint8_t* place) {
   for (int shift = 0; shift < 32; shift += 8) *place++ = static_cast<std::uint8_t>(length >> shift);
-  *place++ = static_cast<std::uint8_t>(count >> 8);
-  *place = static_cast<std::uint8_t>(count);
+  const auto high = BigEndianBytes(count);
+  std::copy(high.begin(), high.end(), place);
 }
 
 }  // namespace
@@ -95,6 +98,7 @@ QsfFile::~QsfFile() {
 
 Result QsfOpen(const char* path, std::uint8_t type, std::unique_ptr<QsfFile>* file) {
   if (path == nullptr || NameTooLong(path)) return ZE_OPEN_FAILED;
+  if (platform::QueryPath(path) != platform::PathKind::kRegularFile) return ZE_OPEN_FAILED;
   auto opened = std::make_unique<QsfFile>();
   FilAccess* access = &opened->access;
   access->mode = kFilRead;
@@ -118,29 +122,29 @@ Result QsfOpen(const char* path, std::uint8_t type, std::unique_ptr<QsfFile>* fi
   return ZE_OK;
 }
 
-Result QsfGetVariables(QsfFile* file, std::uint32_t number, CHeapPtr<std::uint8_t[]>* bytes,
+Result QsfGetVariables(QsfFile* file, std::uint32_t block, CHeapPtr<std::uint8_t[]>* bytes,
                        std::uint16_t* count) {
   const Header header = Parse(*file);
-  Block block;
-  if (!FindBlock(header, file->size, number, &block)) return ZE_INVALID_ARGUMENT;
-  if (block.count == 0) return ZE_OK;
-  if (block.end < block.start || block.end > file->size) return ZE_BAD_FORMAT;
+  Block found;
+  if (!FindBlock(header, file->size, block, &found)) return ZE_INVALID_ARGUMENT;
+  if (found.count == 0) return ZE_OK;
+  if (found.end < found.start || found.end > file->size) return ZE_BAD_FORMAT;
   file->access.error = kFilGood;  // what an earlier call met is over
-  FilSeek(&file->access, block.start, SeekOrigin::kStart);
+  FilSeek(&file->access, found.start, SeekOrigin::kStart);
   if (file->access.error != kFilGood) return file->access.error;
 
-  const std::uint32_t length = block.end - block.start;
+  const std::uint32_t length = found.end - found.start;
   const std::size_t prefix = header.flagA == 1 && header.flagB == 1 ? kPrefixSize : 0;
   // More than one read can give; a process of 32 bits has no room for it either.
   if (length > std::numeric_limits<std::int32_t>::max()) return ZE_OUT_OF_MEMORY;
   CHeapPtr<std::uint8_t[]> room = CHeapBytes<std::uint8_t>(prefix + length);
   if (room == nullptr) return ZE_OUT_OF_MEMORY;
-  if (prefix != 0) StorePrefix(length, block.count, room.get());
+  if (prefix != 0) StorePrefix(length, found.count, room.get());
   const std::uint32_t read = FilRead(&file->access, room.get() + prefix, length);
   if (read < length && file->access.error == kFilEndOfFile) return ZE_BAD_FORMAT;
   if (file->access.error != kFilGood) return file->access.error;
   *bytes = std::move(room);
-  *count = block.count;
+  *count = found.count;
   return ZE_OK;
 }
 

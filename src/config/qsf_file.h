@@ -25,7 +25,8 @@ struct QsfFile {
   std::uint32_t size = 0;  // of the file
 };
 
-// Returns 0, 3, 29 (no such file), 43 (checksum) or 44 (another type); the type is checked first.
+// Returns 0, 3 (no regular file, or too short for a header), 6 (not read to its end), 11, 29 (not a QSF
+// header), 43 (checksum) or 44 (another type); the type is checked before the rest of the header.
 Result QsfOpen(const char* path, std::uint8_t type, std::unique_ptr<QsfFile>* file);
 
 // Block 1, 2 or 5, and how many variables it says it has. Returns 0 (no block when it has none), 1 (any

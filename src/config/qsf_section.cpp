@@ -1,10 +1,12 @@
 #include "config/qsf_section.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <limits>
 #include <string>
-#include <vector>
 
+#include "base/big_endian.h"
+#include "config/text_numbers.h"
 #include "config/text_pieces.h"
 #include "output/hex_text.h"
 
@@ -14,30 +16,19 @@ namespace {
 constexpr const char* kListWords[] = {"REQUIRED", "OPTIONAL", "EXCLUDE", "ORDER"};
 constexpr std::uint32_t kFirstListWithFallback = 3;
 
-// Reads values of one file into room that any line of it as loaded fits.
-class ValueReader {
- public:
-  explicit ValueReader(IniFile* file) : file_(file), room_(file->longest) {}
+// The room for a value is that of the longest line that was loaded or added.
+Result Read(IniFile* file, const std::string& section, const std::string& key,
+            std::string_view* value) {
+  return IniReadView(file, section.c_str(), key.c_str(), nullptr, file->longest, value);
+}
 
-  Result Read(const std::string& section, const std::string& key, std::string_view* value) {
-    std::uint32_t count = 0;
-    const Result result = IniRead2(file_, section.c_str(), key.c_str(), nullptr, room_.data(),
-                                   static_cast<std::uint32_t>(room_.size()), &count);
-    *value = {room_.data(), count};
-    return result;
-  }
-
-  Result ReadNumber(const std::string& section, const std::string& key, std::int32_t* number) {
-    std::string_view value;
-    const Result result = Read(section, key, &value);
-    *number = DecimalAtStart(value);
-    return result;
-  }
-
- private:
-  IniFile* file_;
-  std::vector<char> room_;
-};
+Result ReadNumber(IniFile* file, const std::string& section, const std::string& key,
+                  std::int32_t* number) {
+  std::string_view value;
+  const Result result = Read(file, section, key, &value);
+  *number = DecimalAtStart(value);
+  return result;
+}
 
 // Every character that is no hexadecimal digit is passed over, an "x" too.
 std::uint16_t Variable(std::string_view piece) {
@@ -60,17 +51,16 @@ Result QsfReadSection(IniFile* file, std::uint32_t kind, std::uint8_t model,
   std::snprintf(modelSection, sizeof(modelSection), "%03d%s", model, word);
   std::string section = modelSection;
 
-  ValueReader reader(file);
   std::int32_t expected = 0;
-  Result result = reader.ReadNumber(section, "NUMVARS", &expected);
+  Result result = ReadNumber(file, section, "NUMVARS", &expected);
   if (result == ZE_SECTION_NOT_FOUND && kind >= kFirstListWithFallback) {
     section = std::string("DEFAULT") + word;
-    result = reader.ReadNumber(section, "NUMVARS", &expected);
+    result = ReadNumber(file, section, "NUMVARS", &expected);
   }
   if (result != ZE_OK) return result;
   if (expected < 1 || expected > std::numeric_limits<std::uint16_t>::max()) return ZE_BAD_FORMAT;
   std::int32_t entries = 0;
-  result = reader.ReadNumber(section, "NUMENTRIES", &entries);
+  result = ReadNumber(file, section, "NUMENTRIES", &entries);
   if (result != ZE_OK) return result;
   if (entries < 1) return ZE_BAD_FORMAT;
 
@@ -79,14 +69,13 @@ Result QsfReadSection(IniFile* file, std::uint32_t kind, std::uint8_t model,
   std::int32_t stored = 0;
   for (std::int32_t entry = 1; entry <= entries; ++entry) {
     std::string_view rest;
-    result = reader.Read(section, "OMVARS" + std::to_string(entry), &rest);
+    result = Read(file, section, "OMVARS" + std::to_string(entry), &rest);
     if (result != ZE_OK) return result;
     if (rest.empty()) return ZE_BAD_FORMAT;
     for (std::string_view piece; TakePiece(&rest, ' ', &piece); ++stored) {
       if (stored == expected) return ZE_BAD_FORMAT;
-      const std::uint16_t variable = Variable(piece);
-      room[2 * static_cast<std::size_t>(stored)] = static_cast<std::uint8_t>(variable >> 8);
-      room[2 * static_cast<std::size_t>(stored) + 1] = static_cast<std::uint8_t>(variable);
+      const auto bytes = BigEndianBytes(Variable(piece));
+      std::copy(bytes.begin(), bytes.end(), room.get() + std::ptrdiff_t{2} * stored);
     }
   }
   if (stored != expected) return ZE_BAD_FORMAT;

@@ -5,7 +5,15 @@
 namespace zeapi {
 
 std::FILE* OpenRegularFile(const char* path, const char* mode) {
-  if (platform::QueryPath(path) != platform::PathKind::kRegularFile) return nullptr;
+  switch (platform::QueryPath(path)) {
+    case platform::PathKind::kRegularFile:
+      break;
+    case platform::PathKind::kMissing:
+      if (mode[0] == 'r') return nullptr;
+      break;
+    case platform::PathKind::kOther:
+      return nullptr;
+  }
   return platform::OpenStream(path, mode);
 }
 

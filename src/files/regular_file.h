@@ -5,7 +5,7 @@
 
 namespace zeapi {
 
-// Like platform::OpenStream, but null for what is no regular file: a named pipe would make the
+// Like platform::OpenStream, but null for what is there and no regular file: a named pipe would make the
 // caller wait for a writer that may never come, and a device may never end.
 std::FILE* OpenRegularFile(const char* path, const char* mode);
 

@@ -30,5 +30,14 @@ TEST(Text, UpperCaseIsThatOfAToZAlone) {
   }
 }
 
+TEST(Text, SameTextsDifferInCaseAtMost) {
+  EXPECT_TRUE(SameText("", ""));
+  EXPECT_TRUE(SameText("aZ[{\xE4", "Az[{\xE4"));
+  EXPECT_FALSE(SameText("[", "{"));
+  EXPECT_FALSE(SameText("\xE4", "\xC4"));
+  EXPECT_FALSE(SameText("a", "ab"));
+  EXPECT_FALSE(SameText("ab", "a"));
+}
+
 }  // namespace
 }  // namespace zeapi::testing

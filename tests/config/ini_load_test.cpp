@@ -66,6 +66,7 @@ TEST_F(IniLoadTest, WindowsAndUnixLineEndsReadTheSameInEveryMode) {
 }
 
 TEST_F(IniLoadTest, LoneCarriageReturnStays) {
+  EXPECT_BYTES(Loaded("[s]\na=\r1\r \nb=2\n\r \n"), "[s]\na=\r1\r\nb=2\n\r\n");
   Open("[s]\na=1\r \nb=2\n");
   EXPECT_EQ(Value("s", "a"), "1\r");
 }

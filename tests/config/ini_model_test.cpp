@@ -24,7 +24,7 @@ class IniModelTest : public IniTest, public ::testing::WithParamInterface<unsign
   std::string ValueText() { return Pick({"1", "2", "v", "V", "1]", "", "x=y", "a longer value"}); }
 
   std::string Line() {
-    switch (Below(8)) {
+    switch (Below(9)) {
       case 0:
       case 1:
         return "[" + Section() + "]";
@@ -34,9 +34,19 @@ class IniModelTest : public IniTest, public ::testing::WithParamInterface<unsign
         return Key();
       case 4:
         return "==" + Key() + "==" + ValueText();
+      case 5:
+        return ";" + Key();
       default:
         return Key() + "=" + ValueText();
     }
+  }
+
+  void CheckValue(const std::string& section, const std::string& key) {
+    const std::string expected = model_.Read2(section, key);
+    EXPECT_EQ(Value(section.c_str(), key.c_str()), expected);
+    const std::string fallback = ValueText();
+    const bool missing = expected == "<41>" || expected == "<45>";
+    EXPECT_EQ(Value(section.c_str(), key.c_str(), fallback.c_str()), missing ? fallback : expected);
   }
 
   void CheckOneCall() {
@@ -67,7 +77,7 @@ class IniModelTest : public IniTest, public ::testing::WithParamInterface<unsign
             model_.Read(noSection ? nullptr : &section, noKey ? nullptr : &key));
         break;
       default:
-        EXPECT_EQ(Value(section.c_str(), key.c_str()), model_.Read2(section, key));
+        CheckValue(section, key);
     }
   }
 
@@ -84,8 +94,9 @@ class IniModelTest : public IniTest, public ::testing::WithParamInterface<unsign
 TEST_P(IniModelTest, AnswersAndFileAreThoseOfTheModel) {
   std::string text;
   for (std::size_t count = Below(40); count > 0; --count) text += Line() + "\n";
-  model_.Load(text, false);
-  Open(text);
+  const bool filtered = Below(2) == 0;
+  model_.Load(text, filtered);
+  Open(text, filtered ? ZE_INI_READ : ZE_INI_UPDATE);
   for (int call = 0; call < 300 && !HasFailure(); ++call) CheckOneCall();
   ZeIniDelete(handle, "there is no such section", nullptr, nullptr);
   EXPECT_BYTES(Written(), model_.Text());

@@ -89,6 +89,27 @@ TEST_F(IniRead2Test, DefaultThatDoesNotFitIsCutLikeAValue) {
   EXPECT_BYTES(buffer, "d");
 }
 
+TEST_F(IniRead2Test, KeepsClearingADefaultThatIsTheBuffer) {
+  Open("[s]\n");
+  char room[16] = "dflt";
+  EXPECT_EQ(ZeIniRead2(handle, "s", "none", room, room, sizeof(room), &count), ZE_DEFAULT_USED);
+  EXPECT_EQ(count, 0U);
+  EXPECT_STREQ(room, "");
+}
+
+TEST_F(IniRead2Test, DefaultWithinTheBufferIsCopiedFromItsStartOn) {
+  Open("[s]\n");
+  char room[16] = "xdflt";
+  EXPECT_EQ(ZeIniRead2(handle, "s", "none", room + 1, room, sizeof(room), &count), ZE_DEFAULT_USED);
+  EXPECT_EQ(count, 4U);
+  EXPECT_STREQ(room, "dflt");
+  // A default that runs into the buffer follows its own copy.
+  char before[16] = "abcdef";
+  EXPECT_EQ(ZeIniRead2(handle, "s", "none", before, before + 1, 4, &count), ZE_BUFFER_TOO_SMALL);
+  EXPECT_EQ(count, 4U);
+  EXPECT_STREQ(before, "aaaaaf");
+}
+
 TEST_F(IniRead2Test, InvalidArgumentsLeaveTheCountAlone) {
   Open("[s]\nkey=1\n");
   char room[4] = "###";

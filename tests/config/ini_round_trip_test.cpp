@@ -1,5 +1,5 @@
 // Files as real programs write them: changed in one key, nothing else in them may change.
-#include <fstream>
+#include <sstream>
 
 #include "support/bytes.h"
 #include "support/ini.h"
@@ -15,7 +15,6 @@ constexpr char kNewValue[] = "a value that none of them has";
 
 // What loading alone changes: trailing blanks, and blanks before the first "=".
 std::string Trimmed(std::string line) {
-  if (line.ends_with('\r')) line.pop_back();
   line.erase(line.find_last_not_of(' ') + 1);
   const std::size_t equals = line.find('=');
   if (line.starts_with('[') || equals == std::string::npos) return line;
@@ -23,10 +22,20 @@ std::string Trimmed(std::string line) {
   return line.substr(0, key) + line.substr(equals);
 }
 
-Strings LinesOf(const fs::path& path) {
+Strings LinesOf(const std::string& text) {
   Strings lines;
-  std::ifstream file(path, std::ios::binary);
-  for (std::string line; std::getline(file, line);) lines.push_back(Trimmed(line));
+  std::istringstream stream(text);
+  for (std::string line; std::getline(stream, line);) lines.push_back(line);
+  return lines;
+}
+
+// The lines that a file has once it is loaded.
+Strings LoadedLines(const std::string& text) {
+  Strings lines = LinesOf(text);
+  for (std::string& line : lines) {
+    if (line.ends_with('\r')) line.pop_back();
+    line = Trimmed(line);
+  }
   return lines;
 }
 
@@ -59,7 +68,7 @@ class IniRoundTripTest : public IniTest {
  protected:
   // Changes one key of the file; false when it has none that is easy to find.
   bool ChangeOneKey() {
-    Strings expected = LinesOf(kFile);
+    Strings expected = LoadedLines(ReadFile(kFile));
     KeyPlace place;
     if (!FirstKey(expected, &place)) return false;
     handle = ZeIniOpen2(kFile, ZE_INI_UPDATE);
@@ -70,7 +79,7 @@ class IniRoundTripTest : public IniTest {
     EXPECT_EQ(Value(place.section.c_str(), place.key.c_str()), kNewValue);
     EXPECT_EQ(Close(), 1U);
     expected[place.line] = place.key + "=" + kNewValue;
-    EXPECT_EQ(LinesOf(kFile), expected);
+    EXPECT_EQ(LinesOf(HostText()), expected);
     return true;
   }
 };
@@ -110,6 +119,7 @@ TEST_F(IniRoundTripTest, FilesOfTheHost) {
                               "/etc/systemd",
                               "C:\\windows",
                               "/etc/php"};
+  int seen = 0;
   int changed = 0;
   for (const fs::path& folder : folders) {
     std::error_code none;
@@ -124,17 +134,19 @@ TEST_F(IniRoundTripTest, FilesOfTheHost) {
       const std::string text = ReadFile(entry.path());
       if (text.find('\0') != text.npos || text.find('\x1A') != text.npos) continue;
       WriteFile(kFile, text);
-      const Strings lines = LinesOf(kFile);
+      const Strings lines = LoadedLines(text);
       if (std::any_of(lines.begin(), lines.end(), [](const std::string& line) {
             return line.size() > 1000 || line.find('\r') != line.npos;
           })) {
         continue;
       }
+      ++seen;
       if (ChangeOneKey()) ++changed;
       if (HasFailure()) return;
     }
   }
-  std::printf("  %d files changed in one key\n", changed);
+  std::printf("  %d files of %d changed in one key\n", changed, seen);
+  EXPECT_TRUE(changed > 0 || seen == 0);
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 #include <cstring>
 
+#include "config/ini_file.h"
 #include "support/bytes.h"
 #include "support/foreign_locale.h"
 #include "support/ini.h"
@@ -50,7 +51,7 @@ TEST_F(PanelRegistryTest, UnknownAndNullHandlesGive0) {
 TEST_F(PanelRegistryTest, FileLiesInTheDirectoryWithOrWithoutItsSeparator) {
   std::filesystem::create_directory("panels");
   WriteFile("panels/opc012.cfg", "a=1\n");
-  for (const char* directory : {"panels", "panels\\", ".\\panels"}) {
+  for (const char* directory : {"panels", "panels\\", "panels/", ".\\panels"}) {
     void* handle = ZeOpcRegisterCfg(12, directory);
     EXPECT_NE(handle, nullptr) << directory;
     EXPECT_EQ(ZeOpcUnregisterCfg(handle), 1U);
@@ -73,15 +74,73 @@ TEST_F(PanelRegistryTest, SixthPanelFindsNoPlace) {
   for (void* handle : handles) EXPECT_EQ(ZeOpcUnregisterCfg(handle), 1U);
 }
 
+// Registers a panel whose file is made for it.
+void* RegisterNew(std::int32_t panel) {
+  ScratchTest::WriteFile(FileName(panel), "a=1\n");
+  return ZeOpcRegisterCfg(panel, nullptr);
+}
+
 TEST_F(PanelRegistryTest, KeepsThePlaceOfAPanelWhoseFileDidNotOpen) {
   EXPECT_EQ(ZeOpcRegisterCfg(9, nullptr), nullptr);
-  WriteFile("opc009.cfg", "a=1\n");
-  WriteFile("opc008.cfg", "a=1\n");
-  void* other = ZeOpcRegisterCfg(8, nullptr);
-  void* handle = ZeOpcRegisterCfg(9, nullptr);
-  EXPECT_NE(handle, nullptr);
-  EXPECT_EQ(ZeOpcUnregisterCfg(other), 1U);
+  void* handles[5];
+  for (int panel = 1; panel <= 4; ++panel) {
+    handles[panel - 1] = RegisterNew(panel);
+    EXPECT_NE(handles[panel - 1], nullptr);
+  }
+  EXPECT_EQ(RegisterNew(5), nullptr);
+  handles[4] = RegisterNew(9);
+  EXPECT_NE(handles[4], nullptr);
+  for (void* handle : handles) EXPECT_EQ(ZeOpcUnregisterCfg(handle), 1U);
+}
+
+TEST_F(PanelRegistryTest, KeepsNoPlaceFreeAfterFivePanelsWhoseFilesDidNotOpen) {
+  for (int panel = 1; panel <= 5; ++panel) EXPECT_EQ(ZeOpcRegisterCfg(panel, nullptr), nullptr);
+  EXPECT_EQ(RegisterNew(6), nullptr);
+  for (int panel = 1; panel <= 5; ++panel) {
+    void* handle = RegisterNew(panel);
+    EXPECT_NE(handle, nullptr);
+    EXPECT_EQ(ZeOpcUnregisterCfg(handle), 1U);
+  }
+}
+
+TEST_F(PanelRegistryTest, LastUseWritesAnEditBack) {
+  WriteFile("opc007.cfg", "a=1\n\n[s]\n;comment\nb=2\n");
+  void* handle = ZeOpcRegisterCfg(7, nullptr);
+  EXPECT_EQ(ZeIniWrite(handle, "s", "b", "3"), 1U);
   EXPECT_EQ(ZeOpcUnregisterCfg(handle), 1U);
+  void* again = ZeIniOpen("opc007.cfg");
+  EXPECT_STREQ(ZeIniRead(again, "s", nullptr), "b=3");
+  EXPECT_EQ(ZeIniClose(again), 1U);
+}
+
+TEST_F(PanelRegistryTest, CloseThatFailsGives0AndFreesThePlace) {
+  void* handle = RegisterNew(7);
+  EXPECT_EQ(ZeIniWrite(handle, "s", "b", "3"), 1U);
+  std::filesystem::remove("opc007.cfg");
+  std::filesystem::create_directory("opc007.cfg");
+  EXPECT_EQ(ZeOpcUnregisterCfg(handle), 0U);
+  EXPECT_EQ(ZeOpcUnregisterCfg(handle), 0U);
+  // All five places can be had.
+  void* handles[5];
+  for (int panel = 1; panel <= 5; ++panel) handles[panel - 1] = RegisterNew(panel);
+  for (void* all : handles) EXPECT_EQ(ZeOpcUnregisterCfg(all), 1U);
+}
+
+TEST_F(PanelRegistryTest, StyleIsStoredWithTheFile) {
+  const std::pair<const char*, int> rows[] = {
+      {"Style=2\n", 2},      {"Style=70000\n", 70000 - 65536}, {"Style=\n", 0}, {"", 0},
+      {"Style=  -3x\n", -3}, {"Style=000000000000009\n", 9}};
+  for (const auto& [line, style] : rows) {
+    WriteFile("opc007.cfg", std::string("[Format]\n") + line);
+    void* handle = ZeOpcRegisterCfg(7, nullptr);
+    ASSERT_NE(handle, nullptr);
+    EXPECT_EQ(static_cast<IniFile*>(handle)->style, style) << line;
+    EXPECT_EQ(ZeOpcUnregisterCfg(handle), 1U);
+  }
+  WriteFile("opc007.cfg", "[Format]\nStyle=2\n");
+  void* plain = ZeIniOpen("opc007.cfg");
+  EXPECT_EQ(static_cast<IniFile*>(plain)->style, 0);
+  EXPECT_EQ(ZeIniClose(plain), 1U);
 }
 
 TEST_F(PanelRegistryTest, KeepsPanel0InAPlaceThatCountsAsFree) {
@@ -142,7 +201,9 @@ class PanelTest : public IniTest {
 
 TEST_F(PanelTest, StyleDecidesHowControlsAreNamed) {
   const std::string text = "[Edit Lengths]\n001a=2\n26=1\nffffffff=4\n4294967295=3\n12345=5\n";
-  for (const char* style : {"2", "3x", "9", "A", ":"}) {
+  for (const char* style : {"2", "3x", "9", "A", ":", "\x80",
+                            "\xFF"
+                            "1"}) {
     OpenStyle(style, text);
     EXPECT_EQ(EditLength(26), 2) << style;
     EXPECT_EQ(EditLength(-1), 4) << style;
@@ -349,6 +410,50 @@ TEST_F(PanelPageTest, KeepsStoringOmVarsBeyondTheirNumberWhileThereIsRoom) {
   EXPECT_EQ(OmVars(5), 2);
   EXPECT_BYTES(bytes, Bytes("\0\x01\0\x02#"));
   EXPECT_EQ(OmVars(2), 1);
+}
+
+// What is told apart: a sign, a prefix with nothing or no digit behind it, more digits than 16 or 32 bits have.
+TEST_F(PanelPageTest, HexadecimalIdentifiersAreReadUpToTheFirstOtherCharacter) {
+  const std::pair<const char*, const char*> rows[] = {
+      {"-1", "0000"},    {"+1", "0000"},        {"0x", "0000"},
+      {"0X", "0000"},    {"0xg", "0000"},       {"0X1aG", "001a"},
+      {"\t1A", "001a"},  {"1 ", "0001"},        {"x1", "0000"},
+      {"12345", "2345"}, {"ABCDEF012", "f012"}, {"00000000000000007", "0007"},
+      {"7:1", "0007"},   {"0x0x1", "0000"},     {"FFFFFFFFFFFFFFFFFFF", "ffff"}};
+  for (const auto& [text, number] : rows) {
+    OpenPage(std::string("NumCtrls=1\nDefaults=") + text + ";5\nNumOMVAR=1\nOMVAR=" + text + "\n");
+    EXPECT_EQ(Defaults(6), 1);
+    const auto hexadecimal = [this](std::size_t high, std::size_t low) {
+      char digits[8];
+      std::snprintf(digits, sizeof(digits), "%02x%02x", static_cast<unsigned char>(bytes[high]),
+                    static_cast<unsigned char>(bytes[low]));
+      return std::string(digits);
+    };
+    EXPECT_EQ(hexadecimal(1, 0), number) << text;
+    EXPECT_EQ(OmVars(2), 1);
+    EXPECT_EQ(hexadecimal(0, 1), number) << text;
+  }
+}
+
+TEST_F(PanelPageTest, ManySeparatorsAreCutToNothing) {
+  const std::string semicolons(65536, ';');
+  const std::string blanks(65536, ' ');
+  OpenPage("NumCtrls=1\nNumOMVAR=1\n");
+  EXPECT_EQ(ZeIniWrite(handle, "Page", "Defaults", (semicolons + "1;2").c_str()), 1U);
+  EXPECT_EQ(Defaults(6), 1);
+  EXPECT_BYTES(bytes, "######");
+  EXPECT_EQ(ZeIniWrite(handle, "Page", "OMVAR", (blanks + "1").c_str()), 1U);
+  EXPECT_EQ(OmVars(2), 0);
+  EXPECT_BYTES(bytes, "##");
+  EXPECT_EQ(ZeIniWrite(handle, "Combos", "5", semicolons.c_str()), 1U);
+  EXPECT_EQ(Texts(5, 0, 2), 0);
+  EXPECT_EQ(ZeOpcGetTextListing(handle, 5, 0, nullptr, 0), 0);
+  EXPECT_EQ(ZeIniWrite(handle, "Spin Limits", "5", semicolons.c_str()), 1U);
+  std::int32_t third = 33;
+  ZeOpcGetSpinControlLimits(handle, 5, nullptr, nullptr, &third);
+  EXPECT_EQ(third, 33);
+  EXPECT_EQ(ZeIniWrite(handle, "Edit Lengths", "5", (blanks + "1").c_str()), 1U);
+  EXPECT_EQ(EditLength(5), 0);
 }
 
 TEST_F(PanelPageTest, OddNumbersOfControlsStoreNothingBeyondTheRoom) {

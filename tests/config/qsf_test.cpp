@@ -1,49 +1,12 @@
 #include <cstring>
 
 #include "support/bytes.h"
+#include "support/foreign_locale.h"
 #include "support/ini.h"
+#include "support/qsf_image.h"
 
 namespace zeapi::testing {
 namespace {
-
-// A binary QSF file in the making.
-struct QsfImage {
-  std::string bytes = std::string(74, '\0');
-
-  QsfImage() {
-    bytes[0] = 'Q';
-    bytes[1] = 'S';
-    bytes[4] = 7;
-  }
-  QsfImage& Byte(std::size_t at, int value) {
-    bytes[at] = static_cast<char>(value);
-    return *this;
-  }
-  QsfImage& Block(int number, std::uint32_t offset, std::uint16_t count) {
-    const std::size_t at = number == 1 ? 44 : number == 2 ? 50 : 56;
-    for (std::size_t i = 0; i < 4; ++i) Byte(at + i, static_cast<int>(offset >> (8 * i)));
-    Byte(at + 4, count & 0xFF);
-    return Byte(at + 5, count >> 8);
-  }
-  QsfImage& Append(std::string_view text) {
-    bytes += text;
-    return *this;
-  }
-  // With its checksum: all words but the second and the checksum itself add up to 0.
-  std::string Summed() const {
-    std::string file = bytes;
-    std::uint16_t sum = 0;
-    std::uint8_t high = 0;
-    for (std::size_t i = 0; i < file.size(); i += 2) {
-      if (i + 1 < file.size()) high = static_cast<std::uint8_t>(file[i + 1]);
-      const auto word = static_cast<std::uint8_t>(file[i]) | high << 8;
-      if (i != 2) sum = static_cast<std::uint16_t>(sum - word);
-    }
-    file[2] = static_cast<char>(sum);
-    file[3] = static_cast<char>(sum >> 8);
-    return file;
-  }
-};
 
 class QsfTest : public ScratchTest {
  protected:
@@ -219,6 +182,14 @@ TEST_F(QsfTest, FileThatHasShrunkIsABadFormatAndTheHandleStaysGood) {
 }
 #endif
 
+TEST_F(QsfTest, LocaleOfTheHostProgramChangesNothing) {
+  const ForeignLocale turkish(folder());
+  ASSERT_TRUE(turkish.InForce());
+  ASSERT_EQ(Open(QsfImage().Block(1, 74, 1).Append("\xDDi").Summed()), ZE_OK);
+  EXPECT_EQ(Get(1), ZE_OK);
+  EXPECT_BYTES(Block(2), "\xDDi");
+}
+
 TEST_F(QsfTest, InvalidArgumentsClearTheAnswers) {
   ASSERT_EQ(Open(QsfImage().Block(1, 74, 1).Append("aa").Summed()), ZE_OK);
   for (const std::uint32_t number : {0U, 3U, 4U, 6U, 0x10001U}) {
@@ -340,6 +311,34 @@ TEST_F(QsfIniTest, KeepsTheValueRoomOfTheLongestLineThatWasAdded) {
   Close();
   Open("", ZE_INI_CREATE);
   EXPECT_EQ(List(1, 12), "<1>");  // no line, no room
+}
+
+TEST_F(QsfIniTest, ManySeparatorsAreOne) {
+  const std::string blanks(65536, ' ');
+  Open("[012REQUIRED]\nNUMVARS=2\nNUMENTRIES=1\n");
+  const std::string list = blanks + "1" + blanks + "2" + blanks;
+  EXPECT_EQ(ZeIniWrite(handle, "012REQUIRED", "OMVARS1", list.c_str()), 1U);
+  EXPECT_EQ(List(1, 12), "0001 0002 ");
+}
+
+TEST_F(QsfIniTest, EntryOfBlanksAloneIsNotEmptyAndHasNoVariable) {
+  Open("[012REQUIRED]\nNUMVARS=1\nNUMENTRIES=2\nOMVARS2=1\n");
+  EXPECT_EQ(ZeIniWrite(handle, "012REQUIRED", "OMVARS1", std::string(65536, ' ').c_str()), 1U);
+  EXPECT_EQ(List(1, 12), "0001 ");
+  EXPECT_EQ(ZeIniWrite(handle, "012REQUIRED", "OMVARS2", " "), 1U);
+  EXPECT_EQ(List(1, 12), "<27>");
+  EXPECT_EQ(Required("NUMVARS=1\nNUMENTRIES=1\nOMVARS1=    \n"), "<27>");
+}
+
+TEST_F(QsfIniTest, LocaleOfTheHostProgramChangesNothing) {
+  const ForeignLocale turkish(folder());
+  ASSERT_TRUE(turkish.InForce());
+  Open(
+      "[012required]\nnumvars=2\nNumEntries=1\nomvars1=ab \xFD"
+      "1\n[defaultexclude]\nNUMVARS=1\n"
+      "numentries=1\nOmVars1=I1i\n");
+  EXPECT_EQ(List(1, 12), "00ab 0001 ");
+  EXPECT_EQ(List(3, 12), "0001 ");
 }
 
 TEST_F(QsfIniTest, InvalidArguments) {

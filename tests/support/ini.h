@@ -33,12 +33,21 @@ class IniTest : public ScratchTest {
     return result;
   }
 
-  // What the file holds once the handle is closed, with line feeds as line ends.
+  // What the file holds, without what the host adds to line feeds as it writes text.
+  static std::string HostText() {
+    std::string text = ReadFile(kFile);
+#ifdef _WIN32
+    for (std::size_t at = 0; (at = text.find("\r\n", at)) != std::string::npos; ++at) {
+      text.erase(at, 1);
+    }
+#endif
+    return text;
+  }
+
+  // The same once the handle is closed.
   std::string Written() {
     EXPECT_EQ(Close(), 1U);
-    std::string text = ReadFile(kFile);
-    std::erase(text, '\r');
-    return text;
+    return HostText();
   }
 
   // The lines of a section, or of what comes before the first one's end.

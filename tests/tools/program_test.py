@@ -153,6 +153,19 @@ class Configuration(ProgramTest):
         )
         self.assertEqual(self.answer("panel", "variables", "7", "1", *where)["variables"], ["12ab"])
         self.run_program("panel", "defaults", "7", "2", *where, exit_code=41)
+        self.write(
+            "panels/opc009.cfg",
+            b"[Dialogs]\n1=P\n2=Q\n[P]\nNumCtrls=4\nDefaults=0;0;ffff;-1;1b\n[Q]\nNumCtrls=2\n",
+        )
+        self.assertEqual(
+            self.answer("panel", "defaults", "9", "1", *where)["defaults"],
+            [
+                {"control": 0, "default": 0},
+                {"control": 65535, "default": -1},
+                {"control": 27, "default": None},
+            ],
+        )
+        self.assertEqual(self.answer("panel", "defaults", "9", "2", *where)["defaults"], [])
         self.run_program("panel", "texts", "7", "26", *where, exit_code=41)
         self.run_program("panel", "spin", "8", "26", *where, exit_code=3)
 
@@ -170,6 +183,9 @@ class Configuration(ProgramTest):
         self.write("file.qsf", b"QS" + (65536 - 0x5351).to_bytes(2, "little") + bytes(70))
         self.assertEqual(self.answer("qsf", "block", "file.qsf", "0", "1")["count"], 0)
         self.run_program("qsf", "block", "file.qsf", "0", "3", exit_code=1)
+        self.write("file.qsf", b"XY" + bytes(72))
+        self.run_program("qsf", "block", "file.qsf", "0", "1", exit_code=29)
+        self.run_program("qsf", "block", "none.qsf", "0", "1", exit_code=3)
 
     def test_data_files(self):
         line = b'"%s","Setting","PCL","1B","%%d",1,2.5,0.5,"P"\n'

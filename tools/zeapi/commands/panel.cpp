@@ -72,13 +72,21 @@ void Defaults(void* panel, const PanelOptions& options, Report* report) {
     report->result = ZE_BAD_FORMAT;
     return;
   }
+  // What the file leaves out is left alone, so it shows as what differs in a second answer.
+  std::vector<char> others(records.size(), '\xFF');
+  ZeOpcGetPageDefaults(panel, options.item, others.data(), bytes);
   Json items = Json::array();
   for (std::size_t at = 0; at + kRecord <= records.size(); at += kRecord) {
     std::uint16_t control = 0;
-    std::int32_t setting = 0;
+    if (std::memcmp(&records[at], &others[at], sizeof(control)) != 0) break;
     std::memcpy(&control, &records[at], sizeof(control));
-    std::memcpy(&setting, &records[at + sizeof(control)], sizeof(setting));
-    items.push_back({{"control", control}, {"default", setting}});
+    Json item = {{"control", control}, {"default", nullptr}};
+    if (std::memcmp(&records[at], &others[at], kRecord) == 0) {
+      std::int32_t setting = 0;
+      std::memcpy(&setting, &records[at + sizeof(control)], sizeof(setting));
+      item["default"] = setting;
+    }
+    items.push_back(item);
   }
   Finish(items, "defaults", report);
 }
@@ -122,9 +130,8 @@ constexpr Query kQueries[] = {
     {"edit-length", "CONTROL", EditLength, "Show the maximum length of an edit field",
      "JSON: \"length\"."},
     {"defaults", "PAGE", Defaults, "List the controls of a page and their defaults",
-     "JSON: \"defaults\", each with \"control\" and \"default\". A page that is missing gives "
-     "exit\n"
-     "code 41."},
+     "JSON: \"defaults\", each with \"control\" and \"default\" (null when the file has none).\n"
+     "A page that is missing gives exit code 41."},
     {"variables", "PAGE", Variables, "List the option variables that a page sets",
      "JSON: \"variables\", in hexadecimal. A page that is missing gives exit code 41."},
 };

@@ -85,7 +85,8 @@ void AddQsf(CLI::App& program, Session& session) {
   CLI::App* block = session.AddCommand(
       *family, "block", "Check a binary QSF file and count the variables of a block",
       "JSON: \"file\", \"block\", \"count\".\n"
-      "Exit codes: 44 another type, 29 no such file, 43 damaged, 27 block outside the file.");
+      "Exit codes: 3 the file does not open, 44 another type, 29 no QSF header, 43 damaged,\n"
+      "27 block outside the file.");
   block->add_option("file", options->file, "Binary QSF file")->required()->type_name("FILE");
   block->add_option("type", options->type, "File type, 0 to 255")->required()->type_name("TYPE");
   block->add_option("block", options->block, "1, 2 or 5")->required()->type_name("BLOCK");

@@ -1,4 +1,4 @@
-// Names of INI files: sections, keys and values, which are the same in either case of "a" to "z".
+// Finds the first of several items of one name, ignoring case.
 #pragma once
 
 #include <cstddef>
@@ -6,29 +6,28 @@
 #include <string_view>
 #include <vector>
 
+#include "base/text.h"
+#include "config/name_hash.h"
+
 namespace zeapi {
 
-// Both depend on no locale: a host program that sets one must not change what a file says.
-bool SameFolded(std::string_view a, std::string_view b);
-std::uint32_t FoldedHash(std::string_view name);
-
-// Finds the first of several items of one name. Keeps pointers; an item's name must not change,
-// but for its case, while it is in here.
-template <typename Item, std::string_view (*NameOf)(const Item&)>
+// Keeps pointers; an item's name must not change, but for its case, while it is in here. Whoever wrote the
+// names cannot make look-ups slow: where an item lies hangs on a secret of this process.
+template <typename Item, std::string_view (*nameOf)(const Item&)>
 class FirstByName {
  public:
   // Leaves an earlier item of the same name in its place.
   void Add(Item* item) {
     if (2 * (count_ + 1) > slots_.size()) Grow();
-    const std::uint32_t hash = FoldedHash(NameOf(*item));
-    Slot& slot = SlotFor(hash, NameOf(*item));
+    const std::uint32_t hash = HashOf(nameOf(*item));
+    Slot& slot = SlotFor(hash, nameOf(*item));
     if (slot.item != nullptr) return;
     slot = {item, hash};
     ++count_;
   }
 
   Item* Find(std::string_view name) {
-    return slots_.empty() ? nullptr : SlotFor(FoldedHash(name), name).item;
+    return slots_.empty() ? nullptr : SlotFor(HashOf(name), name).item;
   }
 
   void Clear() {
@@ -42,12 +41,16 @@ class FirstByName {
     std::uint32_t hash = 0;
   };
 
+  static std::uint32_t HashOf(std::string_view name) {
+    return static_cast<std::uint32_t>(NameHash(name, ProcessHashKey()));
+  }
+
   // The slot that holds the name, or the free one where it belongs.
   Slot& SlotFor(std::uint32_t hash, std::string_view name) {
     const std::size_t mask = slots_.size() - 1;
     std::size_t at = hash & mask;
     while (slots_[at].item != nullptr &&
-           (slots_[at].hash != hash || !SameFolded(NameOf(*slots_[at].item), name))) {
+           (slots_[at].hash != hash || !SameText(nameOf(*slots_[at].item), name))) {
       at = (at + 1) & mask;
     }
     return slots_[at];
