@@ -5,6 +5,7 @@
 
 #include "base/text.h"
 #include "config/text_pieces.h"
+#include "files/split_path.h"
 
 namespace zeapi {
 namespace {
@@ -30,9 +31,7 @@ std::string PathOf(std::int16_t panel, const char* directory) {
   char name[kPanelFileNameRoom];
   OpcFileName(panel, name);
   if (directory == nullptr) return name;
-  std::string path(directory, BoundedLength(directory, ZE_MAX_NAME));
-  if (!path.ends_with('\\')) path += '\\';
-  return path + name;
+  return WithBackslash({directory, BoundedLength(directory, ZE_MAX_NAME)}) + name;
 }
 
 std::int16_t StyleOf(IniFile* file) {

@@ -20,4 +20,10 @@ std::size_t FileNameOffset(std::string_view path) {
   return last == std::string_view::npos ? 0 : last + 1;
 }
 
+std::string WithBackslash(std::string_view folder) {
+  std::string text(folder);
+  if (!folder.ends_with('\\')) text += '\\';
+  return text;
+}
+
 }  // namespace zeapi

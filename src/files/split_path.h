@@ -1,6 +1,7 @@
-// Taking Windows paths apart.
+// Taking Windows paths apart, and putting them together.
 #pragma once
 
+#include <string>
 #include <string_view>
 
 namespace zeapi {
@@ -18,5 +19,8 @@ PathParts SplitPath(std::string_view path);
 
 // Offset of the file name in a path: what follows the last separator or colon.
 std::size_t FileNameOffset(std::string_view path);
+
+// The folder with the "\" that it may lack at its end. A "/" there does not do: callers see the path.
+std::string WithBackslash(std::string_view folder);
 
 }  // namespace zeapi

@@ -50,7 +50,7 @@ TEST_F(PanelRegistryTest, UnknownAndNullHandlesGive0) {
 TEST_F(PanelRegistryTest, FileLiesInTheDirectoryWithOrWithoutItsSeparator) {
   std::filesystem::create_directory("panels");
   WriteFile("panels/opc012.cfg", "a=1\n");
-  for (const char* directory : {"panels", "panels\\", ".\\panels"}) {
+  for (const char* directory : {"panels", "panels\\", "panels/", ".\\panels"}) {
     void* handle = ZeOpcRegisterCfg(12, directory);
     EXPECT_NE(handle, nullptr) << directory;
     EXPECT_EQ(ZeOpcUnregisterCfg(handle), 1U);

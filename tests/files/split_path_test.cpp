@@ -49,5 +49,13 @@ TEST(FileNameOffset, FollowsTheLastSeparatorOrColon) {
   EXPECT_EQ(FileNameOffset(""), 0U);
 }
 
+TEST(WithBackslash, AddsTheOneThatIsMissing) {
+  EXPECT_EQ(WithBackslash("dir"), "dir\\");
+  EXPECT_EQ(WithBackslash("dir\\"), "dir\\");
+  EXPECT_EQ(WithBackslash("dir/"), "dir/\\");
+  EXPECT_EQ(WithBackslash("c:"), "c:\\");
+  EXPECT_EQ(WithBackslash(""), "\\");
+}
+
 }  // namespace
 }  // namespace zeapi::testing
