@@ -1,13 +1,11 @@
 // Font files that are no regular files, disks that are full, and paths that only this host has.
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include "download/font_senders.h"
 #include "files/regular_file.h"
 #include "fonts/convert.h"
 #include "output/ZeQue.h"
 #include "support/job.h"
 #include "support/metrics.h"
+#include "support/posix/named_pipe.h"
 #include "support/soft_fonts.h"
 
 namespace zeapi::testing {
@@ -15,22 +13,10 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// A named pipe that nobody writes to: before, the library waited for ever.
-void MakePipe(const std::string& name) {
-  fs::remove(name);
-  ASSERT_EQ(mkfifo(name.c_str(), 0600), 0) << name;
-}
-
+// Before, the library waited for a writer for ever.
 class NamedPipeTest : public FontTest {
- protected:
-  void SetUp() override {
-    FontTest::SetUp();
-    alarm(120);  // ends a test that waits after all
-  }
-  void TearDown() override {
-    alarm(0);
-    FontTest::TearDown();
-  }
+ private:
+  WaitLimit limit_;
 };
 
 TEST_F(NamedPipeTest, OnlyRegularFilesAreFontFiles) {
@@ -107,12 +93,10 @@ class PipeDownloadTest : public JobTest {
   void SetUp() override {
     JobTest::SetUp();
     destination.language = ZE_LANGUAGE_PCL;
-    alarm(120);
   }
-  void TearDown() override {
-    alarm(0);
-    JobTest::TearDown();
-  }
+
+ private:
+  WaitLimit limit_;
 };
 
 TEST_F(PipeDownloadTest, PipeIsNoFont) {
