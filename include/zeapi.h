@@ -1036,10 +1036,10 @@ ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeQsfIniGetSection(void* ini, uint32_t kind, ui
 /** @name Printer data files
  *
  * Text files of printer commands, one record a line, its fields in the order of ZeDatRecord between any
- * mix of `,` `;` `:` blanks and control characters. Texts stand in double quotes and are cut to their field;
- * numbers have at most 24 characters and end at `,` `;` `:` or the line's end, not at a blank. Empty lines
- * and lines that begin with `#` are passed over. Every record ends with a line feed. These calls return
- * ZE_DAT_... codes.
+ * mix of `,` `;` `:` blanks and characters that are not printable ASCII. Texts stand in double quotes and are
+ * cut to their field; numbers have at most 24 characters and end at `,` `;` `:` or the line's end, not at a
+ * blank. Empty lines and lines that begin with `#` are passed over. Every record ends with a line feed. These
+ * calls return ZE_DAT_... codes.
  */
 /** @{ */
 
@@ -1057,6 +1057,9 @@ enum ZeDatCode {
 /** The one mode in which data files open. */
 #define ZE_DAT_READ 2
 
+/** The letters of keys that ZeDatQueryCounts() counts. */
+#define ZE_DAT_LETTERS "AFGPST"
+
 #pragma pack(push, 1)
 /** A record: a printer setting or command. Texts are zero-terminated within their fields. */
 typedef struct ZeDatRecord {
@@ -1071,7 +1074,7 @@ typedef struct ZeDatRecord {
   char szDuration[2];
 } ZeDatRecord;
 
-/** Numbers of records, in the order of the letters A, F, G, P, S, T. */
+/** Numbers of records, in the order of ZE_DAT_LETTERS. They begin again at 0 after 65535. */
 typedef struct ZeDatCounts {
   uint16_t first[6];  /**< By the first letter of the key, in either case. */
   uint16_t second[6]; /**< Of keys that begin with S, by the second letter. */
@@ -1138,8 +1141,10 @@ ZEAPI_EXPORT int16_t ZEAPI_CALL ZeDatGetNextKey(int32_t handle, ZeDatRecord* rec
  * characters.
  * @param key   a ZeDatRecord whose `szKey` is the key; it is overwritten with the last record read.
  * @param mode  ZE_DAT_READ.
- * @return the number in 16 bits; ZE_DAT_BAD_HANDLE (null key); ZE_DAT_OPEN_FAILED (the file does not
- *         open for any reason); ZE_DAT_FAILED (closing).
+ * @return the number; ZE_DAT_BAD_HANDLE (null key); ZE_DAT_OPEN_FAILED (the file does not open for any
+ *         reason); ZE_DAT_FAILED (closing). The number is stored in 16 bits: one above 32767 looks like a
+ *         code, and 65536 like 0. Where there may be so many, count with ZeDatGetFirstKey() and
+ *         ZeDatGetNextKey().
  */
 ZEAPI_EXPORT int16_t ZEAPI_CALL ZeDatQueryCount(const char* path, char* key,
                                                 int32_t mode) ZEAPI_NOEXCEPT;
