@@ -228,8 +228,9 @@ TEST_F(ZipExplode, DroppedComponentsAreNoReasonToStopBeforeACallback) {
 }
 
 TEST_F(ZipExplode, DeviceNamesAndTrailingDotsAreMadeHarmless) {
-  EXPECT_EQ(ExplodeTold({{{"NUL", "1"}, {"dir./lpt1.txt", "2"}, {"name. ", "3"}}}), ZE_OK);
-  EXPECT_EQ(Tree(), (Names{"_NUL=1", "dir_/", "dir_/_lpt1.txt=2", "name__=3"}));
+  EXPECT_EQ(ExplodeTold({{{"NUL", "1"}, {"dir./lpt1.txt", "2"}, {"name. ", "3"}, {"a:b", "4"}}}),
+            ZE_OK);
+  EXPECT_EQ(Tree(), (Names{"_NUL=1", "a_b=4", "dir_/", "dir_/_lpt1.txt=2", "name__=3"}));
   EXPECT_EQ(progress()[1].name, "dir_/_lpt1.txt");
 }
 

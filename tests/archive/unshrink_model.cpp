@@ -13,9 +13,10 @@ std::optional<std::string> UnshrinkModel::Known(unsigned code) const {
   std::string text;
   for (; code >= kFirst; code = static_cast<unsigned>(parents_[code])) {
     if (IsFree(code) || text.size() == kEnd - 1) return std::nullopt;
-    text.insert(text.begin(), last_[code]);
+    text += last_[code];
   }
-  text.insert(text.begin(), static_cast<char>(code));
+  text += static_cast<char>(code);
+  std::reverse(text.begin(), text.end());
   return text;
 }
 
@@ -32,6 +33,7 @@ std::optional<std::string> UnshrinkModel::Code(unsigned code) {
   if (previous_ >= 0 && next < kEnd) {
     parents_[next] = previous_;
     last_[next] = text->front();
+    end_ = std::max(end_, next + 1);
   }
   previous_ = static_cast<int>(code);
   return text;
@@ -39,10 +41,10 @@ std::optional<std::string> UnshrinkModel::Code(unsigned code) {
 
 void UnshrinkModel::Clear() {
   std::vector<bool> isParent(kEnd);
-  for (unsigned code = kFirst; code < kEnd; ++code) {
+  for (unsigned code = kFirst; code < end_; ++code) {
     if (!IsFree(code)) isParent[static_cast<unsigned>(parents_[code])] = true;
   }
-  for (unsigned code = kFirst; code < kEnd; ++code) {
+  for (unsigned code = kFirst; code < end_; ++code) {
     if (!isParent[code]) parents_[code] = -1;
   }
 }

@@ -24,6 +24,7 @@ class UnshrinkModel {
 
   std::vector<int> parents_ = std::vector<int>(kEnd, -1);
   std::vector<char> last_ = std::vector<char>(kEnd);
+  unsigned end_ = kFirst;  // no string has this number or a greater one yet
   int previous_ = -1;
 };
 

@@ -176,10 +176,10 @@ void CompareWithModel(const OddCodes& odds, unsigned steps, Random& random) {
 
 TEST(Unshrink, ClearsWhatTheDefinitionClears) {
   Random random(6);
-  for (int i = 0; i < 3000; ++i) {
+  for (int i = 0; i < 1000; ++i) {
     const OddCodes odds = {1 + Below(random, 30), 1 + Below(random, 10), 1 + Below(random, 4),
                            100 + Below(random, 1000)};
-    CompareWithModel(odds, 400, random);
+    CompareWithModel(odds, 300, random);
     if (HasFatalFailure()) FAIL() << i;
   }
 }
