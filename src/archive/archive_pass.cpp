@@ -2,25 +2,15 @@
 
 #include "archive/archive_records.h"
 #include "archive/confirmation.h"
+#include "archive/extractable.h"
 #include "archive/member_name.h"
 #include "archive/wildcard.h"
 
 namespace zeapi {
 namespace {
 
-constexpr std::uint8_t kAskingHost = 2;
-constexpr std::uint8_t kNewestVersion = 20;
-constexpr std::uint8_t kNewestVersionOfAskingHost = 42;
-
 bool CanExtract(const CentralHeader& header) {
-  if (header.neededHost == kAskingHost) {
-    if (header.neededVersion > kNewestVersionOfAskingHost || !Confirmed()) return false;
-  } else if (header.neededVersion > kNewestVersion) {
-    return false;
-  }
-  const MemberFacts& facts = header.facts;
-  if (facts.method > kZipImploded && facts.method != kZipDeflated) return false;
-  return (facts.flags & kZipEncrypted) == 0;
+  return VersionWillDo(header) && (!AsksFirst(header) || Confirmed()) && IsUnpackable(header.facts);
 }
 
 }  // namespace
