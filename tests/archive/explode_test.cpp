@@ -168,6 +168,30 @@ TEST_F(ZipExplode, EveryMethod) {
     EXPECT_TRUE(ReadFile(member.name) == plain) << member.name;
 }
 
+// The size of 200000 packed bytes changes the decoder's tables. Bytes behind the data change nothing.
+TEST_F(ZipExplode, ImplodedMembersOfExactly200000BytesAndOneMore) {
+  Random random(44);
+  std::string plain;
+  for (unsigned i = 0; i < 150000; ++i) plain += static_cast<char>(Below(random, 256));
+  plain += plain.substr(140000, 3000);
+  std::string packed = Implode(plain, {true, false}, TreeShape::kRandom, random);
+  ASSERT_LT(packed.size(), 200000U);
+  ZipArchive archive;
+  for (const std::size_t size : {200000U, 200001U}) {
+    packed.resize(size, '\0');
+    for (const std::uint16_t descriptor : std::initializer_list<std::uint16_t>{0, 8}) {
+      const std::string name = std::to_string(size) + "_" + std::to_string(descriptor);
+      archive.members.push_back(
+          {name, plain, 6, packed, static_cast<std::uint16_t>(4 | descriptor)});
+    }
+  }
+  EXPECT_EQ(ExplodeTold(archive), ZE_OK);
+  ASSERT_EQ(progress().size(), 4U);
+  EXPECT_EQ(progress()[2].compressedSize, 200001U);
+  for (const ZipMember& member : archive.members)
+    EXPECT_TRUE(ReadFile(member.name) == plain) << member.name;
+}
+
 TEST_F(ZipExplode, EmptyMembersOfEveryMethod) {
   ZipArchive archive;
   for (const std::uint16_t method : std::initializer_list<std::uint16_t>{0, 1, 2, 3, 4, 5, 6, 8})
