@@ -1442,7 +1442,9 @@ ZEAPI_EXPORT char* ZEAPI_CALL ZeStrCpyPath(char* destination, const char* path) 
  * Packing methods: 0 Stored, 1 Shrink, 2 to 5 Reduce, 6 Implode, 8 Deflate. Members packed in another
  * way, encrypted ones, and those that need more than version 2.0 of the format are passed over, which
  * is no failure. Members that need host system 2 (up to version 4.2) are passed over too, unless the
- * next line of standard input begins with `y` or `Y`; a terminal is not asked. Files already extracted
+ * next line of standard input begins with `y` or `Y`. Nobody is waited for: a terminal, a pipe that holds
+ * nothing at that moment and a closed input are a no. What stands there is taken byte by byte up to the
+ * end of the line, and not read ahead; 4096 bytes make a line at the latest. Files already extracted
  * stay, whatever happens later. Files get the member's date and time, taken as UTC.
  *
  * A member's name becomes a path in this way:
@@ -1456,23 +1458,27 @@ ZEAPI_EXPORT char* ZEAPI_CALL ZeStrCpyPath(char* destination, const char* path) 
  *   raised 1, 2 or 3, in any case and with any extension) gets a `_` in front.
  * - Symbolic links, junctions and the like below the current directory are not followed: a folder of
  *   that name cannot be used and a file of that name is not written. So nothing outside the current
- *   directory is touched.
+ *   directory is touched; on Windows, as long as nobody turns a folder that is being filled into a link.
+ *   Nor is the archive itself written over, under whatever name.
  * - Names keep their case; where the host tells cases apart, names that differ in case are two files.
  *
  * @param archive   the archive. If there is no such file, or the name is that of a folder, `.zip` is
- *                  appended.
+ *                  appended. Nothing but a plain file is opened.
  * @param pattern   null or empty for every member, or which names to take, as they are before anything
  *                  is dropped: `*` any run of characters, `?` one character, `[...]` one of a set, with `!`
  *                  or `^` at its start one outside it, `-` for ranges, `\` to take a character as it is.
  *                  Letters outside sets match in either case. At most ZE_MAX_NAME characters.
  * @param progress  null, or told of each file. With it the first member that is not perfect ends the
- *                  call; without it only a full disk does.
+ *                  call, be it that its header, its name, its folder or its file is of no use, or that its
+ *                  data is damaged (a wrong CRC alone leaves the result ZE_OK); that member is not told.
+ *                  Without it only a full disk ends the call.
  * @return ZE_OK, also with warnings (members passed over, a CRC that does not match, something before
  *         the archive, nothing in it); ZE_INVALID_ARGUMENT; ZE_FILE_NOT_FOUND (no archive, one of several
- *         disks, or no member that matches the pattern); ZE_OPEN_FAILED; ZE_BAD_FORMAT (no archive, its
- *         records do not fit together, packed data is not valid, or a name cannot be a path);
- *         ZE_UNEXPECTED_END; ZE_OUT_OF_MEMORY; ZE_SHARING_VIOLATION (a file cannot be created);
- *         ZE_DISK_FULL. Of several the last in this order of the engine counts: warnings, bad format,
+ *         disks, or no member that matches the pattern in a directory that was read to its end);
+ *         ZE_OPEN_FAILED; ZE_BAD_FORMAT (no archive, its records do not fit together or lie before its
+ *         start, packed data is not valid, or a name cannot be a path); ZE_UNEXPECTED_END (records or data
+ *         that reach beyond its end); ZE_OUT_OF_MEMORY; ZE_SHARING_VIOLATION (a file cannot be created, or
+ *         is the archive); ZE_DISK_FULL. Of several the last in this order of the engine counts: warnings, bad format,
  *         memory, nothing found, file not created, disk full, unexpected end.
  */
 ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeZipExplode(const char* archive, const char* pattern,

@@ -353,6 +353,35 @@ class Archives(ProgramTest):
         done = self.run_program("archive", "extract", "bad.zip", exit_code=27)
         self.assertIn("zeapi: cannot extract bad.zip", done.stderr)
 
+    # Of the second of three files, so that the first is good and the third is never reached.
+    def damaged_archive(self):
+        self.archive("a.zip", {"one": b"1", "d/": b"", "two.txt": b"2", "three": b"3"})
+        data = bytearray(self.read("a.zip"))
+        local = data.index(b"two.txt") - 30
+        data[local + 14] ^= 1
+        self.write("a.zip", data)
+
+    def test_wrong_checksum_in_the_middle_is_a_failure(self):
+        self.damaged_archive()
+        for pattern, files in (("", "1 file of 3"), ("t*", "0 files of 2")):
+            done = self.run_program("archive", "extract", "a", pattern, exit_code=43)
+            self.assertEqual(done.stdout, "")
+            self.assertIn("zeapi: cannot extract a behind " + files + ": the file is damaged", done.stderr)
+        self.assertEqual(self.read("one"), b"1")
+        self.assertFalse(os.path.exists(os.path.join(self.folder, "three")))
+        end = self.answer("archive", "extract", "a.zip", "t*", exit_code=43)
+        self.assertEqual((end["event"], end["result"], end["files"]), ("end", 43, 0))
+        self.run_program("archive", "extract", "a.zip", "*e")
+
+    def test_members_that_are_passed_over_are_no_failure(self):
+        self.archive("a.zip", {"one": b"1", "two": b"2"})
+        data = bytearray(self.read("a.zip"))
+        data[data.index(b"PK\1\2") + 10] = 9
+        self.write("a.zip", data)
+        done = self.run_program("archive", "extract", "a.zip")
+        self.assertEqual(done.stdout, "Extracted 1 file from a.zip.\n")
+        self.assertIn("100% 1 file ", done.stderr)
+
 
 class Macros(ProgramTest):
     def test_create_puts_a_file_between_start_and_stop(self):
