@@ -575,21 +575,37 @@ typedef void(ZEAPI_CALL* ZeFontProgress)(const ZeFontInfo* font, uint32_t percen
 /** @name General */
 /** @{ */
 
-/** Fills the 128-byte capability record (ZeApiInfo). A null pointer is ignored. */
+/**
+ * Fills the 128-byte capability record (ZeApiInfo). A null pointer is ignored.
+ * @param info  receives the record, or null.
+ */
 ZEAPI_EXPORT void ZEAPI_CALL ZeGenQueryApiInfo(void* info) ZEAPI_NOEXCEPT;
 
-/** Releases a block that a call of this library handed out as plain memory. Null is ignored. */
+/**
+ * Releases a block that a call of this library handed out as plain memory. Null is ignored.
+ * @param block  what a call named this one to release, or null.
+ */
 ZEAPI_EXPORT void ZEAPI_CALL ZeMemFree(void* block) ZEAPI_NOEXCEPT;
 
 /**
  * Checks its arguments and nothing else: adapters are not enumerated and `buffer` is not written.
- * @param size  size of `buffer` in bytes, at least 1024; the low 16 bits count.
+ * @param a       not used.
+ * @param b       not used.
+ * @param buffer  not null; left alone.
+ * @param size    size of `buffer` in bytes, at least 1024; the low 16 bits count.
  * @return ZE_OK; ZE_INVALID_ARGUMENT for a null or smaller buffer.
  */
 ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeGenQueryAdapters(uint32_t a, uint32_t b, void* buffer,
                                                     uint32_t size) ZEAPI_NOEXCEPT;
 
-/** Like ZeGenQueryAdapters(), for queues. */
+/**
+ * Like ZeGenQueryAdapters(), for queues.
+ * @param a       not used.
+ * @param b       not used.
+ * @param buffer  not null; left alone.
+ * @param size    as of ZeGenQueryAdapters().
+ * @return as ZeGenQueryAdapters().
+ */
 ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeGenQueryQueues(uint32_t a, uint32_t b, void* buffer,
                                                   uint32_t size) ZEAPI_NOEXCEPT;
 
@@ -605,6 +621,7 @@ ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeNetGetType(uint32_t printer) ZEAPI_NOEXCEPT;
  * Sends one storage request to a printer as a job of its own.
  * @param request      ZE_RESOURCE_...
  * @param printerName  printer or path, at most 259 characters (this call alone refuses 260).
+ * @param destination  where and how the job goes. Copies are not used.
  * @param device       ZE_DEVICE_...; checked for every request, used by requests 2 and 3.
  * @return ZE_OK, ZE_INVALID_ARGUMENT, ZE_OPEN_FAILED, ZE_WRITE_FAILED, ZE_OUT_OF_MEMORY,
  *         ZE_PRINTER_WRITE_FAILED or ZE_UNUSABLE.
@@ -621,7 +638,10 @@ ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeGenResource(int32_t request, const char* prin
  * Sends a file to a printer as a complete job. A bracket-K printer gets its language selection
  * first, a PJL printer the PJL header with copies; a printer with neither gets the data once per
  * copy.
- * @param append  when the job goes to a file: non-zero appends to it, 0 replaces it.
+ * @param fileName     at most ZE_MAX_NAME characters.
+ * @param printerName  printer or path, at most ZE_MAX_NAME characters.
+ * @param destination  where and how the job goes.
+ * @param append       when the job goes to a file: non-zero appends to it, 0 replaces it.
  * @return ZE_OK; ZE_INVALID_ARGUMENT (also for a language outside 0..6); ZE_FILE_NOT_FOUND;
  *         ZE_OPEN_FAILED (file or printer); ZE_READ_FAILED; ZE_WRITE_FAILED; ZE_OUT_OF_MEMORY;
  *         ZE_PRINTER_WRITE_FAILED; ZE_UNUSABLE.
@@ -639,6 +659,10 @@ ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeDatSendFile(const char* fileName, const char*
  * - anything else: the whole text is pairs of hexadecimal digits.
  *
  * Copies and the bracket-K bit are not used, and the trailer does not reset the printer.
+ * @param text         at most 2147483645 characters.
+ * @param printerName  printer or path, at most ZE_MAX_NAME characters.
+ * @param destination  where and how the job goes.
+ * @param append       as of ZeDatSendFile().
  * @return as ZeDatSendFile(); ZE_INVALID_ARGUMENT also for an odd number of digits or a pair that
  *         is not hexadecimal, in which case nothing is sent.
  */
@@ -728,6 +752,8 @@ ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeFonQueryInfo(const char* fontFile, ZeFontInfo
  *
  * A bracket-K printer gets its language selection, a PJL printer its header and trailer, one that
  * takes both gets both. A job that goes to a file is appended to it.
+ * @param fontFile  at most ZE_MAX_NAME characters.
+ * @param printerName  printer or path, at most ZE_MAX_NAME characters.
  * @param destination  `fontQueryOption` is passed to ZeFonQueryInfo(); companion files that it asks
  *        for may be missing.
  * @param target  ZE_DEVICE_...; all but ZE_DEVICE_RAM are named to the printer before the font, and
@@ -773,7 +799,14 @@ ZEAPI_EXPORT ZeFoundFile* ZEAPI_CALL ZeFonFind(const char* directory, uint16_t* 
 /**
  * Like ZeFonFind(), but first counts the files of the folder (with `recurse` also of those within)
  * and then tells how far the search is.
- * @param progress  may be null.
+ * @param directory    as of ZeFonFind().
+ * @param count        as of ZeFonFind().
+ * @param typeFilter   as of ZeFonFind().
+ * @param kindFilter   as of ZeFonFind().
+ * @param queryOption  as of ZeFonFind().
+ * @param recurse      as of ZeFonFind().
+ * @param progress     may be null.
+ * @return as ZeFonFind().
  */
 ZEAPI_EXPORT ZeFoundFile* ZEAPI_CALL ZeFonFind2(const char* directory, uint16_t* count,
                                                 uint32_t typeFilter, uint32_t kindFilter,
@@ -814,6 +847,7 @@ enum ZeIniMode {
 
 /**
  * Opens a file like ZeIniOpen2() with ZE_INI_READ, unless it has no lines to keep.
+ * @param name  at most ZE_MAX_NAME characters.
  * @return a handle for ZeIniClose(), or null.
  */
 ZEAPI_EXPORT void* ZEAPI_CALL ZeIniOpen(const char* name) ZEAPI_NOEXCEPT;
@@ -831,6 +865,7 @@ ZEAPI_EXPORT void* ZEAPI_CALL ZeIniOpen2(const char* name, uint32_t mode) ZEAPI_
  * Ends a handle. The file is written when one of ZeIniWrite(), ZeIniWriteAll() and ZeIniDelete() was
  * called, even if it changed nothing; what ZE_INI_READ dropped is then lost from it. Its lines then all
  * end as the host's do: CR LF on Windows, a line feed elsewhere.
+ * @param handle  of ZeIniOpen() or ZeIniOpen2().
  * @return 1; 0 when the file cannot be opened for writing (the handle is gone all the same) and for
  *         a null handle.
  */
@@ -842,6 +877,9 @@ ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeIniClose(void* handle) ZEAPI_NOEXCEPT;
  * header, or with a null `section` behind the line that the last successful call on this handle
  * returned; it ends with the next header, which with a key is itself looked at for a `=`. After a
  * failure there is no line to go on from.
+ * @param handle   of ZeIniOpen() or ZeIniOpen2().
+ * @param section  its name without brackets, or null.
+ * @param key      null for the next line.
  * @return text inside the image, valid until that line is rewritten or deleted or the handle is
  *         closed, not to be freed; an empty string when there is nothing (and for a null handle).
  */
@@ -850,7 +888,11 @@ ZEAPI_EXPORT const char* ZEAPI_CALL ZeIniRead(void* handle, const char* section,
 
 /**
  * Copies a value.
+ * @param handle    of ZeIniOpen() or ZeIniOpen2().
+ * @param section   its name without brackets.
+ * @param key       whose value is wanted.
  * @param fallback  null, or what is copied when the file has no such key or section; may be empty.
+ * @param buffer    receives the value and its terminator.
  * @param size      bytes of `buffer`.
  * @param count     receives the characters stored, without the terminator.
  * @return ZE_OK; ZE_INVALID_ARGUMENT (null handle, section, key, buffer or count, or size 0;
@@ -866,6 +908,10 @@ ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeIniRead2(void* handle, const char* section, c
  * Sets a key. Only the section's lines up to the first empty one are looked at: a key found there gets
  * the new line `key=value` in its place, otherwise that line is added behind them. A missing section
  * is appended to the file, behind an empty line.
+ * @param handle   of ZeIniOpen() or ZeIniOpen2().
+ * @param section  its name without brackets.
+ * @param key      what stands before the `=`.
+ * @param value    what stands behind it; may be empty.
  * @return 1; 0 when memory runs out or an argument is null.
  */
 ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeIniWrite(void* handle, const char* section, const char* key,
@@ -874,6 +920,11 @@ ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeIniWrite(void* handle, const char* section, c
 /**
  * Like ZeIniWrite(), but for keys that have several values: adds a line `key=value` unless there is one
  * with this key and value.
+ * @param handle   of ZeIniOpen() or ZeIniOpen2().
+ * @param section  as of ZeIniWrite().
+ * @param key      as of ZeIniWrite().
+ * @param value    as of ZeIniWrite().
+ * @return as ZeIniWrite().
  */
 ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeIniWriteAll(void* handle, const char* section, const char* key,
                                                const char* value) ZEAPI_NOEXCEPT;
@@ -882,7 +933,10 @@ ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeIniWriteAll(void* handle, const char* section
  * Removes the first line of a section that has the key and, unless `value` is null, the value. Here a
  * line is cut at each run of `=`: its first piece that is not empty is the key (a line without `=` is
  * all key), the next one the value.
- * @param key  null removes the section's header alone; its lines then belong to the section above.
+ * @param handle   of ZeIniOpen() or ZeIniOpen2().
+ * @param section  its name without brackets.
+ * @param key      null removes the section's header alone; its lines then belong to the section above.
+ * @param value    null for any.
  * @return 1, also when nothing was removed; 0 when memory runs out and for a null handle or section.
  */
 ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeIniDelete(void* handle, const char* section, const char* key,
@@ -914,12 +968,14 @@ ZEAPI_EXPORT void* ZEAPI_CALL ZeOpcRegisterCfg(int32_t panel, const char* direct
 
 /**
  * Ends one use; with the last the file is closed and the handle is gone.
+ * @param handle  of ZeOpcRegisterCfg().
  * @return 1; 0 for a handle that is not registered and when closing failed.
  */
 ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeOpcUnregisterCfg(void* handle) ZEAPI_NOEXCEPT;
 
 /**
  * Formats `opc%03u.cfg`.
+ * @param panel   identifier, as of ZeOpcRegisterCfg().
  * @param buffer  room for 18 bytes.
  * @return 1.
  */
@@ -928,7 +984,11 @@ ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeOpcGetFileName(int32_t panel, char* buffer) Z
 /**
  * Reads `[Spin Limits]`: numbers between `;`. The first is the minimum, the second the maximum, the next
  * the third value; behind a minimum of -1 the second is the third value and the maximum is 0.
- * @param third  left alone when the file has no such number. Null pointers are passed over.
+ * @param handle   of ZeOpcRegisterCfg(); null is a file that says nothing.
+ * @param control  identifier of the control (low 16 bits).
+ * @param minimum  receives the minimum.
+ * @param maximum  receives the maximum.
+ * @param third    left alone when the file has no such number. Null pointers are passed over.
  */
 ZEAPI_EXPORT void ZEAPI_CALL ZeOpcGetSpinControlLimits(void* handle, int32_t control,
                                                        int32_t* minimum, int32_t* maximum,
@@ -936,22 +996,33 @@ ZEAPI_EXPORT void ZEAPI_CALL ZeOpcGetSpinControlLimits(void* handle, int32_t con
 
 /**
  * Reads `[Combos]`: decimal 16-bit text identifiers between `;`.
- * @param texts  receives them, in `size` bytes; nothing is stored beyond.
+ * @param handle    of ZeOpcRegisterCfg(); null is a file that says nothing.
+ * @param control   identifier of the control (low 16 bits).
+ * @param subIndex  part of the key unless 0.
+ * @param texts     receives them, in `size` bytes; nothing is stored beyond.
+ * @param size      bytes of `texts` (low 16 bits).
  * @return their number; for null `texts` the bytes needed; -1; -2 when there is no list; -3 when memory
  *         runs out.
  */
 ZEAPI_EXPORT int16_t ZEAPI_CALL ZeOpcGetTextListing(void* handle, int32_t control, int32_t subIndex,
                                                     uint16_t* texts, int32_t size) ZEAPI_NOEXCEPT;
 
-/** @return the number in `[Edit Lengths]`, 0 when there is none. */
+/**
+ * @param handle   of ZeOpcRegisterCfg(); null is a file that says nothing.
+ * @param control  identifier of the control (low 16 bits).
+ * @return the number in `[Edit Lengths]`, 0 when there is none.
+ */
 ZEAPI_EXPORT int16_t ZEAPI_CALL ZeOpcGetMaxEditLength(void* handle, int32_t control) ZEAPI_NOEXCEPT;
 
 /**
  * Reads the defaults of a page's controls. `[Dialogs]` names the page's own section by the page number; there
  * `NumCtrls` is their number and `Defaults` has the control (hexadecimal) and its value (decimal) in turn
  * between `;`.
+ * @param handle  of ZeOpcRegisterCfg(); null is a file that says nothing.
+ * @param page  number of the page (low 16 bits).
  * @param records  receives for each control its identifier (16 bits) and its value (32 bits), 6 bytes
  *                 without padding, both low byte first; what the file leaves out is left alone.
+ * @param size  bytes of `records` (low 16 bits).
  * @return `NumCtrls`; for null `records` the bytes needed; -1; -2 when the page has no section's name
  *         and when memory runs out.
  */
@@ -961,8 +1032,11 @@ ZEAPI_EXPORT int16_t ZEAPI_CALL ZeOpcGetPageDefaults(void* handle, int32_t page,
 /**
  * Like ZeOpcGetPageDefaults(), for the option variables that a page sets: `NumOMVAR` and `OMVAR`,
  * hexadecimal identifiers between blanks.
+ * @param handle  of ZeOpcRegisterCfg(); null is a file that says nothing.
+ * @param page  number of the page (low 16 bits).
  * @param variables  receives 2 bytes for each, high byte first: all that the file lists, as far as the room
  *                   goes.
+ * @param size  bytes of `variables` (low 16 bits).
  * @return the number stored; for null `variables` the bytes that `NumOMVAR` of them take; -1; -2.
  */
 ZEAPI_EXPORT int16_t ZEAPI_CALL ZeOpcGetPageOmVars(void* handle, int32_t page, void* variables,
@@ -980,6 +1054,7 @@ ZEAPI_EXPORT int16_t ZEAPI_CALL ZeOpcGetPageOmVars(void* handle, int32_t page, v
 
 /**
  * Opens a binary QSF file and checks its header.
+ * @param path    the file.
  * @param type    the type that the file must have (low 8 bits).
  * @param handle  receives a handle for ZeQsfClose(), null on failure.
  * @return ZE_OK; ZE_INVALID_ARGUMENT (null `handle`); ZE_OPEN_FAILED (also for what is no regular file
@@ -992,6 +1067,7 @@ ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeQsfOpen(const char* path, uint32_t type,
 
 /**
  * Reads a block of variables.
+ * @param handle  of ZeQsfOpen().
  * @param block      1, 2 or 5.
  * @param variables  receives the block, to be released with ZeMemFree(), null when there is none. When
  *                   both flags are 1 it begins with the length of what follows the prefix (32 bits, low byte
@@ -1004,7 +1080,10 @@ ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeQsfOpen(const char* path, uint32_t type,
 ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeQsfGetVariables(void* handle, uint32_t block, void** variables,
                                                    uint16_t* count) ZEAPI_NOEXCEPT;
 
-/** Closes the file. A null handle is allowed. */
+/**
+ * Closes the file. A null handle is allowed.
+ * @param handle  of ZeQsfOpen(), or null.
+ */
 ZEAPI_EXPORT void ZEAPI_CALL ZeQsfClose(void* handle) ZEAPI_NOEXCEPT;
 
 /** Lists of ZeQsfIniGetSection(). */
@@ -1063,15 +1142,15 @@ enum ZeDatCode {
 #pragma pack(push, 1)
 /** A record: a printer setting or command. Texts are zero-terminated within their fields. */
 typedef struct ZeDatRecord {
-  char szKey[6];
-  char szDescr[102];
-  char szEmulation[6];
-  char szCommand[102];
-  char szVarFormat[6]; /**< Format of the command's variable part. */
-  double dVarRangeLo;
-  double dVarRangeHi;
-  double dVarIncrement;
-  char szDuration[2];
+  char szKey[6];        /**< Its first letter is its kind, see ZeDatCounts. */
+  char szDescr[102];    /**< Readable description. */
+  char szEmulation[6];  /**< Printer language that it belongs to. */
+  char szCommand[102];  /**< What is sent to the printer. */
+  char szVarFormat[6];  /**< Format of the command's variable part. */
+  double dVarRangeLo;   /**< Smallest value of that part. */
+  double dVarRangeHi;   /**< Largest value. */
+  double dVarIncrement; /**< Step between values. */
+  char szDuration[2];   /**< How long it lasts. */
 } ZeDatRecord;
 
 /** Numbers of records, in the order of ZE_DAT_LETTERS. They begin again at 0 after 65535. */
@@ -1082,8 +1161,8 @@ typedef struct ZeDatCounts {
 
 /** A listed file. */
 typedef struct ZeDatFileInfo {
-  char path[260];
-  char description[48];
+  char path[260];             /**< The directory and the name of the file. */
+  char description[48];       /**< What follows `#!`. */
   struct ZeDatFileInfo* next; /**< Null at the end. */
 } ZeDatFileInfo;
 #pragma pack(pop)
@@ -1108,6 +1187,7 @@ ZEAPI_ASSERT_OFFSET(ZeDatFileInfo, next, 308);
 
 /**
  * Opens a data file. At most four are open in the process.
+ * @param path      at most ZE_MAX_NAME characters.
  * @param reserved  not used.
  * @param mode      ZE_DAT_READ.
  * @return a handle from 0 to 3; ZE_DAT_INVALID; ZE_DAT_FAILED (no place, no memory);
@@ -1116,12 +1196,16 @@ ZEAPI_ASSERT_OFFSET(ZeDatFileInfo, next, 308);
 ZEAPI_EXPORT int16_t ZEAPI_CALL ZeDatOpenFile(const char* path, uint32_t reserved,
                                               int32_t mode) ZEAPI_NOEXCEPT;
 
-/** @return ZE_DAT_OK; ZE_DAT_FAILED (no handle at all, or closing failed); ZE_DAT_BAD_HANDLE. */
+/**
+ * @param handle  of ZeDatOpenFile().
+ * @return ZE_DAT_OK; ZE_DAT_FAILED (no handle at all, or closing failed); ZE_DAT_BAD_HANDLE.
+ */
 ZEAPI_EXPORT int16_t ZEAPI_CALL ZeDatCloseFile(int32_t handle) ZEAPI_NOEXCEPT;
 
 /**
  * Finds the first record of the file whose key begins with `record->szKey`, in the same case; an empty key
  * finds the first record.
+ * @param handle  of ZeDatOpenFile().
  * @param record  receives it; left alone on failure. A key without a terminator has six characters.
  * @return ZE_DAT_OK; ZE_DAT_BAD_HANDLE; ZE_DAT_NOT_FOUND; ZE_DAT_FAILED (a record before it has a bad
  *         format). After a failure there is no record to go on from.
@@ -1131,6 +1215,8 @@ ZEAPI_EXPORT int16_t ZEAPI_CALL ZeDatGetFirstKey(int32_t handle,
 
 /**
  * Reads the record behind the last one that was found, whatever its key.
+ * @param handle  of ZeDatOpenFile().
+ * @param record  receives it; left alone on failure.
  * @return ZE_DAT_OK; ZE_DAT_BAD_HANDLE; ZE_DAT_NOT_FOUND (none was found before);
  *         ZE_DAT_END_OF_FILE, also when asked again; ZE_DAT_FAILED.
  */
@@ -1139,6 +1225,7 @@ ZEAPI_EXPORT int16_t ZEAPI_CALL ZeDatGetNextKey(int32_t handle, ZeDatRecord* rec
 /**
  * Counts the run of records from the first match of a key on whose keys begin with its first five
  * characters.
+ * @param path  at most ZE_MAX_NAME characters.
  * @param key   a ZeDatRecord whose `szKey` is the key; it is overwritten with the last record read.
  * @param mode  ZE_DAT_READ.
  * @return the number; ZE_DAT_BAD_HANDLE (null key); ZE_DAT_OPEN_FAILED (the file does not open for any
@@ -1151,6 +1238,9 @@ ZEAPI_EXPORT int16_t ZEAPI_CALL ZeDatQueryCount(const char* path, char* key,
 
 /**
  * Counts the records of a file by the letters of their keys, up to the first that has a bad format.
+ * @param path    at most ZE_MAX_NAME characters.
+ * @param counts  cleared, then filled.
+ * @param mode    ZE_DAT_READ.
  * @return ZE_DAT_OK; ZE_DAT_BAD_HANDLE (null `counts`); ZE_DAT_OPEN_FAILED; ZE_DAT_FAILED (closing).
  */
 ZEAPI_EXPORT int16_t ZEAPI_CALL ZeDatQueryCounts(const char* path, ZeDatCounts* counts,
@@ -1165,6 +1255,7 @@ enum ZeDatFileKind {
 /**
  * Lists the files of a directory whose first line holds `#!` and a description behind it.
  * @param directory  empty for the current one.
+ * @param kind       of ZeDatFileKind.
  * @param count      receives their number.
  * @return a list for ZeDatQueryFilesFree(); null when it is empty or an argument is null. When memory
  *         runs out, what was found so far.
@@ -1172,7 +1263,10 @@ enum ZeDatFileKind {
 ZEAPI_EXPORT ZeDatFileInfo* ZEAPI_CALL ZeDatQueryFiles(const char* directory, uint32_t kind,
                                                        uint16_t* count) ZEAPI_NOEXCEPT;
 
-/** Releases a list of ZeDatQueryFiles(), which may be null. */
+/**
+ * Releases a list of ZeDatQueryFiles(), which may be null.
+ * @param list  its first node, or null.
+ */
 ZEAPI_EXPORT void ZEAPI_CALL ZeDatQueryFilesFree(ZeDatFileInfo* list) ZEAPI_NOEXCEPT;
 /** @} */
 
@@ -1200,6 +1294,7 @@ enum ZeWebTopic {
  * @param printer   the caller's printer code, -1 for none.
  * @param topic     of ZeWebTopic.
  * @param language  a number, written in decimal.
+ * @param buffer  receives the address.
  * @param size      bytes of `buffer`; the address and its terminator must fit.
  * @param ini       null, or an INI file that may override each part: `[AREA_PREFIX]` and `[AREA]` by the
  *                  topic in upper case, `[LANGUAGE]` and `[PRINTER]` by the number. An empty segment is
@@ -1214,7 +1309,9 @@ ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeWebGetURL(int32_t printer, int32_t topic, int
 /**
  * Builds an address with a query: topic, language code, printer, the user's language and the operating system.
  * @param family, model  of the printer, written as three decimal digits each.
+ * @param topic          of ZeWebTopic.
  * @param language       Windows language identifier (low 16 bits) of the language code.
+ * @param buffer         receives the address.
  * @param size           bytes of `buffer`: one more than the address and its terminator take.
  * @return ZE_OK; ZE_INVALID_ARGUMENT; ZE_BUFFER_TOO_SMALL.
  */
@@ -1232,9 +1329,10 @@ ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeWebGetCGIURL(uint32_t family, uint32_t model,
  * and stop the definition, PPDS behind a definition header, PostScript with the comment
  * "%%Velquist Overlay: NAME" behind its "%!PS" line when it is fixed up, PCL XL as a stored stream
  * when it is fixed up.
- * @param macroFile  must not be the text of `printerName`, whatever its case.
+ * @param macroFile    must not be the text of `printerName`, whatever its case.
+ * @param printerName  printer or path, at most ZE_MAX_NAME characters.
  * @param destination  `language` 1 to 6; `resourceId` is the macro's ID, in any range.
- * @param macro  may get ZE_MACRO_FIX_UP set; see ZE_MACRO_FIX_UP_LIMIT.
+ * @param macro        may get ZE_MACRO_FIX_UP set; see ZE_MACRO_FIX_UP_LIMIT.
  * @return ZE_OK; ZE_INVALID_ARGUMENT; ZE_FILE_NOT_FOUND; ZE_BAD_FORMAT (the extension is that of a
  *         system file: BAT, CMD, COM, DLL, DRV, EXE, HLP, INI, SYS, by its first three characters);
  *         ZE_OPEN_FAILED (file, printer or work file); ZE_READ_FAILED; ZE_WRITE_FAILED;
@@ -1249,10 +1347,12 @@ ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeMacCreate(const char* macroFile, const char* 
  * Sends a macro file as a complete job: for one page (ZE_MACRO_PRINT_ONCE), to be stored
  * (ZE_MACRO_STORE), or as it is (ZE_MACRO_RAW). A PostScript file is stored as a procedure in
  * working memory, as a file on a device.
+ * @param macroFile    as of ZeMacCreate().
+ * @param printerName  printer or path, at most ZE_MAX_NAME characters.
  * @param destination  `language` 1 to 6; `resourceId` below 32768 unless `mode` is ZE_MACRO_RAW.
- * @param macro  `macroDevice` ZE_DEVICE_RAM to ZE_DEVICE_DISK2; may get ZE_MACRO_FIX_UP set.
- * @param mode  ZE_MACRO_PRINT_ONCE to ZE_MACRO_RAW.
- * @param wrap  ZE_MACRO_UNWRAPPED or ZE_MACRO_WRAPPED; the latter not for ZE_LANGUAGE_PCLXL.
+ * @param macro        `macroDevice` ZE_DEVICE_RAM to ZE_DEVICE_DISK2; may get ZE_MACRO_FIX_UP set.
+ * @param mode         ZE_MACRO_PRINT_ONCE to ZE_MACRO_RAW.
+ * @param wrap         ZE_MACRO_UNWRAPPED or ZE_MACRO_WRAPPED; the latter not for ZE_LANGUAGE_PCLXL.
  * @return as ZeMacCreate(). The job is ended properly after a payload that failed; printing once
  *         in languages that have no overlay (1 and 4) gives ZE_INVALID_ARGUMENT after the job.
  */
@@ -1263,8 +1363,9 @@ ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeMacDownload(const char* macroFile, const char
 /**
  * Switches a stored PCL or PPDS macro on or off as automatic overlay, without any frame. Of the
  * PPDS command only the first four bytes are sent. PostScript and PCL XL send nothing.
+ * @param printerName  printer or path, at most ZE_MAX_NAME characters.
  * @param destination  `resourceId`, below 32768, is the macro's ID.
- * @param enable  0 switches off.
+ * @param enable       0 switches off.
  * @return ZE_OK, also when a write failed; ZE_INVALID_ARGUMENT (also for languages but 2, 3, 5 and
  *         6, after the printer was opened); ZE_OPEN_FAILED; ZE_OUT_OF_MEMORY; ZE_UNUSABLE.
  */
@@ -1276,6 +1377,9 @@ ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeMacActivate(const char* printerName,
  * Like ZeMacActivate(), but deletes a PCL macro with a command of exactly 8 bytes: an ID of one
  * digit is followed by a zero byte, one of three or more digits cuts the command. PPDS and
  * PostScript send nothing; PCL XL gives ZE_INVALID_ARGUMENT.
+ * @param printerName  printer or path, at most ZE_MAX_NAME characters.
+ * @param destination  as of ZeMacActivate().
+ * @return as ZeMacActivate().
  */
 ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeMacDelete(const char* printerName,
                                              const ZeDestination* destination) ZEAPI_NOEXCEPT;
@@ -1297,8 +1401,9 @@ ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeMacDelete(const char* printerName,
  * - HP-GL/2 is left again.
  *
  * Values are whole numbers; a fraction does not count, and a missing number is 0.
+ * @param macroFile    at most ZE_MAX_NAME characters.
  * @param destination  only `language` is read.
- * @param macro  not changed, but for the name found in a PCL XL file.
+ * @param macro        not changed, but for the name found in a PCL XL file.
  * @return ZE_OK: it may be stored; ZE_INVALID_ARGUMENT (null, name too long); ZE_FILE_NOT_FOUND;
  *         ZE_BAD_FORMAT (system file, or it may not be stored); ZE_OPEN_FAILED (also of the work
  *         file, and for that file itself); ZE_CLOSE_FAILED; ZE_READ_FAILED; ZE_WRITE_FAILED;
@@ -1314,8 +1419,11 @@ ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeMacValidate(const char* macroFile,
  * ZeMacroInfo. PCL XL finds nothing, as validation recognises none; other languages are checked
  * with no ZE_FIXUP_... option in force. The work file `fixup.mac` is written for each file and is
  * itself never listed.
- * @param kind   ZE_LANGUAGE_DEFAULT to ZE_LANGUAGE_PCLXL.
- * @param value  handed to the validation, which does not use it.
+ * @param directory  as of ZeDemFind().
+ * @param count      as of ZeDemFind().
+ * @param kind       ZE_LANGUAGE_DEFAULT to ZE_LANGUAGE_PCLXL.
+ * @param value      handed to the validation, which does not use it.
+ * @param recurse    as of ZeDemFind().
  * @return as ZeDemFind().
  */
 ZEAPI_EXPORT ZeFoundFile* ZEAPI_CALL ZeMacFind(const char* directory, int16_t* count, uint32_t kind,
@@ -1328,8 +1436,10 @@ ZEAPI_EXPORT ZeFoundFile* ZEAPI_CALL ZeMacFind(const char* directory, int16_t* c
 /**
  * Stores a demonstration page on a printer as a complete job.
  * @param demoFile  must not be the text of `printerName`, whatever its case.
+ * @param printerName  printer or path, at most ZE_MAX_NAME characters.
  * @param destination  its `language` is overwritten once the printer is open: methods 2 to 4 make
  *        it ZE_LANGUAGE_PCL, method 1 ZE_LANGUAGE_POSTSCRIPT.
+ * @param demo  name, method and place of the demo.
  * @return ZE_OK; ZE_INVALID_ARGUMENT (also for a device or method out of range);
  *         ZE_FILE_NOT_FOUND; ZE_BAD_FORMAT (system file, see ZeMacCreate()); ZE_OPEN_FAILED;
  *         ZE_READ_FAILED; ZE_WRITE_FAILED; ZE_OUT_OF_MEMORY; ZE_PRINTER_WRITE_FAILED; ZE_UNUSABLE.
@@ -1356,7 +1466,10 @@ ZEAPI_EXPORT ZeFoundFile* ZEAPI_CALL ZeDemFind(const char* directory, int16_t* c
 /** @name Files */
 /** @{ */
 
-/** @return 1 when the path exists and can be read, else 0. */
+/**
+ * @param path  file or folder.
+ * @return 1 when the path exists and can be read, else 0.
+ */
 ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeFilExists(const char* path) ZEAPI_NOEXCEPT;
 
 /**
@@ -1367,6 +1480,8 @@ ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeFilQuerySize(const char* path) ZEAPI_NOEXCEPT
 
 /**
  * Copies a file over whatever the destination holds.
+ * @param source       the file.
+ * @param destination  the copy.
  * @return ZE_OK; ZE_INVALID_ARGUMENT; ZE_FILE_NOT_FOUND (file or folder); ZE_ACCESS_DENIED;
  *         ZE_NOT_DOS_DISK; ZE_DISK_FULL; ZE_BAD_FORMAT (bad name); ZE_DRIVE_LOCKED;
  *         ZE_SHARING_VIOLATION; ZE_COPY_FAILED for any other reason.
@@ -1377,6 +1492,7 @@ ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeFilCopy(const char* source,
 /**
  * Copies a file to the first free name of `base.001` to `base.998` beside it (the number replaces
  * the extension).
+ * @param source      the file, at most ZE_MAX_NAME characters.
  * @param backupName  receives the chosen name; room for ZE_MAX_NAME + 1 bytes.
  * @return ZE_OK; ZE_INVALID_ARGUMENT (null `backupName`); ZE_BAD_FORMAT when the source is not
  *         there or a backup name would be longer than ZE_MAX_NAME; ZE_NO_BACKUP_NAME; or a code
@@ -1387,7 +1503,9 @@ ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeFilBackup(const char* source, char* backupNam
 /**
  * Rewrites a text file line by line through a callback. Lines longer than 2047 characters come in
  * pieces. An emptied line is dropped. The file is replaced only after every line went well.
- * @param value  handed to the callback.
+ * @param path      the file.
+ * @param value     handed to the callback.
+ * @param callback  is handed each line.
  * @return ZE_OK; ZE_INVALID_ARGUMENT (null callback); ZE_OPEN_FAILED; ZE_CLOSE_FAILED;
  *         ZE_READ_FAILED; ZE_WRITE_FAILED; ZE_OUT_OF_MEMORY; ZE_UNUSABLE (no temporary file); or a
  *         code of ZeFilCopy().
@@ -1425,11 +1543,17 @@ ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeFilChecksum(const char* path, int32_t handle,
 /**
  * Copies the file name of a path (what follows the last `\`, `/` or `:`) in upper case (a to z).
  * @param destination  room for the name and its terminator; a null path empties it.
+ * @param path         the path, or null.
  * @return `destination`; an empty string when it is null.
  */
 ZEAPI_EXPORT char* ZEAPI_CALL ZeStrCpyFile(char* destination, const char* path) ZEAPI_NOEXCEPT;
 
-/** Like ZeStrCpyFile(), for what stands before the file name, final separator included. */
+/**
+ * Like ZeStrCpyFile(), for what stands before the file name, final separator included.
+ * @param destination  as of ZeStrCpyFile().
+ * @param path         as of ZeStrCpyFile().
+ * @return as ZeStrCpyFile().
+ */
 ZEAPI_EXPORT char* ZEAPI_CALL ZeStrCpyPath(char* destination, const char* path) ZEAPI_NOEXCEPT;
 /** @} */
 
@@ -1486,6 +1610,9 @@ ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeZipExplode(const char* archive, const char* p
 
 /**
  * Would pack files into an archive; the library does not. Arguments are those of ZeZipExplode().
+ * @param archive   as of ZeZipExplode().
+ * @param pattern   as of ZeZipExplode().
+ * @param progress  as of ZeZipExplode().
  * @return ZE_INVALID_ARGUMENT for arguments that ZeZipExplode() refuses, else ZE_UNSUPPORTED. Nothing is
  *         opened or changed.
  */
@@ -1519,7 +1646,10 @@ ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeZipImplode(const char* archive, const char* p
  */
 ZEAPI_EXPORT ZeOptionInfo* ZEAPI_CALL ZeParseOptionInfo(const void* buffer) ZEAPI_NOEXCEPT;
 
-/** Releases what ZeParseOptionInfo() returned. Null is ignored. */
+/**
+ * Releases what ZeParseOptionInfo() returned. Null is ignored.
+ * @param info  the record, or null.
+ */
 ZEAPI_EXPORT void ZEAPI_CALL ZeFreeOptionInfo(ZeOptionInfo* info) ZEAPI_NOEXCEPT;
 
 /**
@@ -1530,7 +1660,10 @@ ZEAPI_EXPORT void ZEAPI_CALL ZeFreeOptionInfo(ZeOptionInfo* info) ZEAPI_NOEXCEPT
  */
 ZEAPI_EXPORT ZeJobAccount* ZEAPI_CALL ZeParseJobAccountingAlert(const void* buffer) ZEAPI_NOEXCEPT;
 
-/** Releases what ZeParseJobAccountingAlert() returned. Null is ignored. */
+/**
+ * Releases what ZeParseJobAccountingAlert() returned. Null is ignored.
+ * @param account  the record, or null.
+ */
 ZEAPI_EXPORT void ZEAPI_CALL ZeFreeJobAccount(ZeJobAccount* account) ZEAPI_NOEXCEPT;
 /** @} */
 
