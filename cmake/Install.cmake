@@ -10,6 +10,9 @@ if(WIN32)
 else()
   install(TARGETS zeapi_static EXPORT zeapiTargets)
 endif()
+if(ZEAPI_MAN_PAGE)
+  install(FILES ${ZEAPI_MAN_PAGE} DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+endif()
 install(EXPORT zeapiTargets NAMESPACE zeapi:: DESTINATION ${ZEAPI_PACKAGE_FOLDER})
 configure_package_config_file(cmake/zeapiConfig.cmake.in zeapiConfig.cmake
   INSTALL_DESTINATION ${ZEAPI_PACKAGE_FOLDER}
