@@ -6,6 +6,7 @@ import shutil
 import tempfile
 import unittest
 
+import documents
 import file_length
 import formatted
 import headers_alone
@@ -68,6 +69,29 @@ class Checks(unittest.TestCase):
         self.assertIn("does not compile alone (gcc -x c -std=c11", complaints[1])
         self.write("include/zeapi.h", guard.format("enum Kind { kOne };"))
         self.accepts(headers_alone.check, self.root)
+
+    def test_examples_of_documents_compile(self):
+        self.write("include/zeapi.h", "int Send(void);\n")
+        example = "# A page\n\n```c\n#include <zeapi.h>\n\nint Twice(void) {{ return {}() + Send(); }}\n```\n"
+        self.write("docs/page.md", example.format("Sent"))
+        complaints = self.complaints(documents.check)
+        self.assertEqual(len(complaints), 2, complaints)
+        self.assertTrue(complaints[0].startswith("docs/page.md:3: the example does not compile"))
+        self.write("docs/page.md", example.format("Send"))
+        self.accepts(documents.check)
+
+    def test_links_of_documents_lead_to_files(self):
+        self.write("README.md", "A page\n\n[here](docs/page.md#top), [there](https://example.com)\n")
+        self.refuses("README.md:3: docs/page.md is not there", documents.check)
+        self.write("docs/page.md", "[back](../README.md)\n")
+        self.accepts(documents.check)
+
+    def test_each_export_has_a_page(self):
+        self.write("src/api/ZEAPI1TD.def", "EXPORTS\n  ZeMemFree@4\n  ZeFilCopy@8\n")
+        self.write("docs/families/files.md", "| `ZeFilCopy` | copies |\nSee also `ZeMemFree`.\n")
+        self.refuses("docs/families: no page has ZeMemFree", documents.check)
+        self.write("docs/families/general.md", "| `ZeMemFree` | releases |\n")
+        self.accepts(documents.check)
 
     def test_the_own_header_comes_first(self):
         self.write("src/base/a.h", "")
