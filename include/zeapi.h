@@ -1142,7 +1142,7 @@ enum ZeDatCode {
 #pragma pack(push, 1)
 /** A record: a printer setting or command. Texts are zero-terminated within their fields. */
 typedef struct ZeDatRecord {
-  char szKey[6];        /**< Its first letter is its kind, see ZeDatCounts. */
+  char szKey[6];        /**< What searches compare; counted by its letters (ZeDatCounts). */
   char szDescr[102];    /**< Readable description. */
   char szEmulation[6];  /**< Printer language that it belongs to. */
   char szCommand[102];  /**< What is sent to the printer. */

@@ -43,6 +43,13 @@ gcovr --root . --filter 'src/' --object-directory build/coverage --exclude-throw
   --print-summary --output build/coverage/report.txt \
   --fail-under-line "$lineGoal" --fail-under-branch "$branchGoal"
 
+if have doxygen; then
+  step "reference of the interface"
+  scripts/reference.sh
+else
+  notRun+=("reference: no doxygen")
+fi
+
 step "fuzz targets, $fuzzSeconds s each"
 scripts/fuzz.sh "$fuzzSeconds"
 
