@@ -1,5 +1,5 @@
-// A keyed data file: every record by enumeration, searches and counts, compared with one another; the first
-// line as a description.
+// A keyed data file: every record by enumeration, searches and counts, compared with one another;
+// the first line as a description.
 //
 // Input: a line with a key, the content of the file.
 

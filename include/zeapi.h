@@ -1036,10 +1036,10 @@ ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeQsfIniGetSection(void* ini, uint32_t kind, ui
 /** @name Printer data files
  *
  * Text files of printer commands, one record a line, its fields in the order of ZeDatRecord between any
- * mix of `,` `;` `:` blanks and control characters. Texts stand in double quotes and are cut to their field;
- * numbers have at most 24 characters and end at `,` `;` `:` or the line's end, not at a blank. Empty lines
- * and lines that begin with `#` are passed over. Every record ends with a line feed. These calls return
- * ZE_DAT_... codes.
+ * mix of `,` `;` `:` blanks and characters that are not printable ASCII. Texts stand in double quotes and are
+ * cut to their field; numbers have at most 24 characters and end at `,` `;` `:` or the line's end, not at a
+ * blank. Empty lines and lines that begin with `#` are passed over. Every record ends with a line feed. These
+ * calls return ZE_DAT_... codes.
  */
 /** @{ */
 
@@ -1057,6 +1057,9 @@ enum ZeDatCode {
 /** The one mode in which data files open. */
 #define ZE_DAT_READ 2
 
+/** The letters of keys that ZeDatQueryCounts() counts. */
+#define ZE_DAT_LETTERS "AFGPST"
+
 #pragma pack(push, 1)
 /** A record: a printer setting or command. Texts are zero-terminated within their fields. */
 typedef struct ZeDatRecord {
@@ -1071,7 +1074,7 @@ typedef struct ZeDatRecord {
   char szDuration[2];
 } ZeDatRecord;
 
-/** Numbers of records, in the order of the letters A, F, G, P, S, T. */
+/** Numbers of records, in the order of ZE_DAT_LETTERS. They begin again at 0 after 65535. */
 typedef struct ZeDatCounts {
   uint16_t first[6];  /**< By the first letter of the key, in either case. */
   uint16_t second[6]; /**< Of keys that begin with S, by the second letter. */
@@ -1138,8 +1141,10 @@ ZEAPI_EXPORT int16_t ZEAPI_CALL ZeDatGetNextKey(int32_t handle, ZeDatRecord* rec
  * characters.
  * @param key   a ZeDatRecord whose `szKey` is the key; it is overwritten with the last record read.
  * @param mode  ZE_DAT_READ.
- * @return the number in 16 bits; ZE_DAT_BAD_HANDLE (null key); ZE_DAT_OPEN_FAILED (the file does not
- *         open for any reason); ZE_DAT_FAILED (closing).
+ * @return the number; ZE_DAT_BAD_HANDLE (null key); ZE_DAT_OPEN_FAILED (the file does not open for any
+ *         reason); ZE_DAT_FAILED (closing). The number is stored in 16 bits: one above 32767 looks like a
+ *         code, and 65536 like 0. Where there may be so many, count with ZeDatGetFirstKey() and
+ *         ZeDatGetNextKey().
  */
 ZEAPI_EXPORT int16_t ZEAPI_CALL ZeDatQueryCount(const char* path, char* key,
                                                 int32_t mode) ZEAPI_NOEXCEPT;
@@ -1437,7 +1442,9 @@ ZEAPI_EXPORT char* ZEAPI_CALL ZeStrCpyPath(char* destination, const char* path) 
  * Packing methods: 0 Stored, 1 Shrink, 2 to 5 Reduce, 6 Implode, 8 Deflate. Members packed in another
  * way, encrypted ones, and those that need more than version 2.0 of the format are passed over, which
  * is no failure. Members that need host system 2 (up to version 4.2) are passed over too, unless the
- * next line of standard input begins with `y` or `Y`; a terminal is not asked. Files already extracted
+ * next line of standard input begins with `y` or `Y`. Nobody is waited for: a terminal, a pipe that holds
+ * nothing at that moment and a closed input are a no. What stands there is taken byte by byte up to the
+ * end of the line, and not read ahead; 4096 bytes make a line at the latest. Files already extracted
  * stay, whatever happens later. Files get the member's date and time, taken as UTC.
  *
  * A member's name becomes a path in this way:
@@ -1451,23 +1458,27 @@ ZEAPI_EXPORT char* ZEAPI_CALL ZeStrCpyPath(char* destination, const char* path) 
  *   raised 1, 2 or 3, in any case and with any extension) gets a `_` in front.
  * - Symbolic links, junctions and the like below the current directory are not followed: a folder of
  *   that name cannot be used and a file of that name is not written. So nothing outside the current
- *   directory is touched.
+ *   directory is touched; on Windows, as long as nobody turns a folder that is being filled into a link.
+ *   Nor is the archive itself written over, under whatever name.
  * - Names keep their case; where the host tells cases apart, names that differ in case are two files.
  *
  * @param archive   the archive. If there is no such file, or the name is that of a folder, `.zip` is
- *                  appended.
+ *                  appended. Nothing but a plain file is opened.
  * @param pattern   null or empty for every member, or which names to take, as they are before anything
  *                  is dropped: `*` any run of characters, `?` one character, `[...]` one of a set, with `!`
  *                  or `^` at its start one outside it, `-` for ranges, `\` to take a character as it is.
  *                  Letters outside sets match in either case. At most ZE_MAX_NAME characters.
  * @param progress  null, or told of each file. With it the first member that is not perfect ends the
- *                  call; without it only a full disk does.
+ *                  call, be it that its header, its name, its folder or its file is of no use, or that its
+ *                  data is damaged (a wrong CRC alone leaves the result ZE_OK); that member is not told.
+ *                  Without it only a full disk ends the call.
  * @return ZE_OK, also with warnings (members passed over, a CRC that does not match, something before
  *         the archive, nothing in it); ZE_INVALID_ARGUMENT; ZE_FILE_NOT_FOUND (no archive, one of several
- *         disks, or no member that matches the pattern); ZE_OPEN_FAILED; ZE_BAD_FORMAT (no archive, its
- *         records do not fit together, packed data is not valid, or a name cannot be a path);
- *         ZE_UNEXPECTED_END; ZE_OUT_OF_MEMORY; ZE_SHARING_VIOLATION (a file cannot be created);
- *         ZE_DISK_FULL. Of several the last in this order of the engine counts: warnings, bad format,
+ *         disks, or no member that matches the pattern in a directory that was read to its end);
+ *         ZE_OPEN_FAILED; ZE_BAD_FORMAT (no archive, its records do not fit together or lie before its
+ *         start, packed data is not valid, or a name cannot be a path); ZE_UNEXPECTED_END (records or data
+ *         that reach beyond its end); ZE_OUT_OF_MEMORY; ZE_SHARING_VIOLATION (a file cannot be created, or
+ *         is the archive); ZE_DISK_FULL. Of several the last in this order of the engine counts: warnings, bad format,
  *         memory, nothing found, file not created, disk full, unexpected end.
  */
 ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeZipExplode(const char* archive, const char* pattern,
@@ -1503,7 +1514,8 @@ ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeZipImplode(const char* archive, const char* p
  * Reads an option record.
  * @param buffer  the record; as many bytes as its first two say, and these two.
  * @return a record to release with ZeFreeOptionInfo(), empty when there are no options in it; null for
- *         a null buffer and when there is no memory.
+ *         a null buffer and when there is no memory. When memory runs out on the way, what was read until
+ *         then: lists have as many entries as their counts say, texts may be null.
  */
 ZEAPI_EXPORT ZeOptionInfo* ZEAPI_CALL ZeParseOptionInfo(const void* buffer) ZEAPI_NOEXCEPT;
 
@@ -1514,7 +1526,7 @@ ZEAPI_EXPORT void ZEAPI_CALL ZeFreeOptionInfo(ZeOptionInfo* info) ZEAPI_NOEXCEPT
  * Reads a job accounting record. Where it has several root elements, all of them fill one result.
  * @param buffer  as for ZeParseOptionInfo().
  * @return a record to release with ZeFreeJobAccount(); null for a null buffer and when there is no
- *         memory.
+ *         memory. When memory runs out on the way, what was read until then.
  */
 ZEAPI_EXPORT ZeJobAccount* ZEAPI_CALL ZeParseJobAccountingAlert(const void* buffer) ZEAPI_NOEXCEPT;
 

@@ -22,6 +22,7 @@ class ArchiveFile {
 
   bool Open(const char* path);
   std::int64_t size() const { return size_; }
+  platform::FileHandle handle() const { return file_; }
 
   // Where the next byte comes from. Any place will do, read or not: asking there tells.
   void Seek(std::int64_t position) { position_ = position; }

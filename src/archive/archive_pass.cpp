@@ -1,30 +1,16 @@
 #include "archive/archive_pass.h"
 
+#include "archive/archive_records.h"
+#include "archive/confirmation.h"
+#include "archive/extractable.h"
 #include "archive/member_name.h"
 #include "archive/wildcard.h"
-#include "platform/standard_input.h"
 
 namespace zeapi {
 namespace {
 
-constexpr std::uint8_t kAskingHost = 2;
-constexpr std::uint8_t kNewestVersion = 20;
-constexpr std::uint8_t kNewestVersionOfAskingHost = 42;
-
-bool Confirmed() {
-  const char answer = platform::StandardInputAnswer();
-  return answer == 'y' || answer == 'Y';
-}
-
 bool CanExtract(const CentralHeader& header) {
-  if (header.neededHost == kAskingHost) {
-    if (header.neededVersion > kNewestVersionOfAskingHost || !Confirmed()) return false;
-  } else if (header.neededVersion > kNewestVersion) {
-    return false;
-  }
-  const MemberFacts& facts = header.facts;
-  if (facts.method > kZipImploded && facts.method != kZipDeflated) return false;
-  return (facts.flags & kZipEncrypted) == 0;
+  return VersionWillDo(header) && (!AsksFirst(header) || Confirmed()) && IsUnpackable(header.facts);
 }
 
 }  // namespace
@@ -71,34 +57,19 @@ void ArchivePass::Walk(const Directory& directory) {
     file_.Seek(next);
   }
   if (broken) return;
-  if (!ReadSignature(file_, ZipRecord::kEnd) || skipped) Note(kArchiveWarning);
-  if (!found && status_ <= kArchiveWarning) status_ = kArchiveNothingFound;
+  if (skipped || ReadSignature(file_, ZipRecord::kEnd) != kArchiveOk) Note(kArchiveWarning);
+  if (!found) Note(kArchiveNothingFound);
 }
 
 ArchivePass::Entry ArchivePass::ReadEntry(std::int64_t adjustment) {
-  std::array<std::uint8_t, kSignatureSize> signature;
-  std::array<std::uint8_t, kCentralHeaderSize> bytes;
-  if (!file_.Read(signature)) {
-    Note(kArchiveUnexpectedEnd);
+  CentralHeader header;
+  std::string name;
+  const ArchiveStatus status = ReadCentralEntry(file_, &header, &name);
+  if (status != kArchiveOk) {
+    Note(status);
     return Entry::kBroken;
   }
-  if (signature != ZipSignature(ZipRecord::kCentral)) {
-    Note(kArchiveBadStructure);
-    return Entry::kBroken;
-  }
-  if (!file_.Read(bytes)) {
-    Note(kArchiveUnexpectedEnd);
-    return Entry::kBroken;
-  }
-  const CentralHeader header = ParseCentralHeader(bytes);
   const MemberFacts& facts = header.facts;
-  std::string name(facts.nameLength, '\0');
-  const std::span<char> text(name);
-  if (!file_.Read({reinterpret_cast<std::uint8_t*>(text.data()), text.size()})) {
-    Note(kArchiveUnexpectedEnd);
-    return Entry::kBroken;
-  }
-  file_.Seek(file_.position() + facts.extraLength + header.commentLength);
   ArchiveRunningTotal() += facts.compressedSize;
   if (pattern_[0] != '\0' && !MatchesWildcard(MapMemberName(name), pattern_))
     return Entry::kLeftOut;
@@ -114,12 +85,12 @@ bool ArchivePass::ExtractBatch() {
     const Extracted extracted = extractor_.Extract(member);
     if (extracted.renamed) Note(kArchiveWarning);
     Note(extracted.status);
-    if (!extracted.isFile) continue;
     if (progress_ == nullptr) {
       if (extracted.status == kArchiveDiskFull) return false;
       continue;
     }
     if (extracted.status != kArchiveOk) return false;
+    if (!extracted.isFile) continue;
     progress_(extracted.name.c_str(), member.compressedSize,
               ArchivePercentage(member.compressedSize, ArchiveRunningTotal()));
   }

@@ -4,24 +4,12 @@
 // reads as 0 and fails the reader for good.
 #pragma once
 
-#include <bit>
-#include <cstring>
+#include <cstddef>
 
 #include "archive/block_io.h"
+#include "base/little_endian.h"
 
 namespace zeapi {
-
-// Eight bytes as a number, the first one lowest.
-inline std::uint64_t LoadLe64(const std::uint8_t* bytes) {
-  std::uint64_t value;
-  std::memcpy(&value, bytes, sizeof(value));
-  if constexpr (std::endian::native == std::endian::big) {
-    std::uint64_t swapped = 0;
-    for (int i = 0; i < 8; ++i) swapped |= (value >> 8 * i & 0xFF) << (56 - 8 * i);
-    value = swapped;
-  }
-  return value;
-}
 
 // The bits of a block that are taken and not yet used. `buffer` may hold more than `count` bits: then
 // they are those of the bytes at `next`, which the next refill puts into the same place again.

@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "archive/bit_reader.h"
+#include "base/little_endian.h"
 #include "platform/crc32_fold.h"
 
 namespace zeapi {

@@ -9,10 +9,14 @@ namespace zeapi {
 
 Result ExtractArchive(const char* archive, const char* pattern, ZeZipProgress progress) {
   std::string path(archive);
-  if (platform::QueryPath(path.c_str()) != platform::PathKind::kRegularFile) {
+  platform::PathKind kind = platform::QueryPath(archive);
+  if (kind == platform::PathKind::kMissing || kind == platform::PathKind::kFolder) {
     path += ".zip";
-    if (!platform::PathExists(path.c_str())) return ZE_FILE_NOT_FOUND;
+    kind = platform::QueryPath(path.c_str());
+    if (kind == platform::PathKind::kMissing) return ZE_FILE_NOT_FOUND;
   }
+  // Opening a pipe would wait for its other end.
+  if (kind != platform::PathKind::kRegularFile) return ResultOf(kArchiveCannotOpen);
   ArchiveBuffers buffers;
   if (!buffers.ok()) return ZE_OUT_OF_MEMORY;
   ArchiveFile file({buffers.input.get(), ArchiveFile::kBlock + ArchiveFile::kSpare});

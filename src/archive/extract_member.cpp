@@ -1,6 +1,6 @@
 #include "archive/extract_member.h"
 
-#include "archive/find_directory.h"
+#include "archive/archive_records.h"
 #include "archive/inflate.h"
 #include "archive/member_name.h"
 #include "archive/member_output.h"
@@ -14,24 +14,15 @@ namespace zeapi {
 
 ArchiveStatus MemberExtractor::ReadLocalHeader(const ArchiveMember& member, MemberFacts* facts,
                                                std::string* name) {
+  if (member.position < 0) return kArchiveBadStructure;
   file_.Seek(member.position);
-  std::array<std::uint8_t, kSignatureSize> signature;
-  if (!file_.Read(signature)) return kArchiveUnexpectedEnd;
-  if (signature != ZipSignature(ZipRecord::kLocal)) return kArchiveBad;
-  std::array<std::uint8_t, kLocalHeaderSize> bytes;
-  if (!file_.Read(bytes)) return kArchiveUnexpectedEnd;
-  *facts = ParseLocalHeader(bytes);
-  if ((facts->flags & kZipDataDescriptor) != 0) {
+  const ArchiveStatus status = ReadLocalEntry(file_, facts, name);
+  if (status == kArchiveOk && (facts->flags & kZipDataDescriptor) != 0) {
     facts->crc = member.crc;
     facts->compressedSize = member.compressedSize;
     facts->uncompressedSize = member.uncompressedSize;
   }
-  name->resize(facts->nameLength);
-  const std::span<char> text(*name);
-  if (!file_.Read({reinterpret_cast<std::uint8_t*>(text.data()), text.size()}))
-    return kArchiveUnexpectedEnd;
-  file_.Seek(file_.position() + facts->extraLength);
-  return kArchiveOk;
+  return status;
 }
 
 Extracted MemberExtractor::Extract(const ArchiveMember& member) {

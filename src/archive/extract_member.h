@@ -34,14 +34,16 @@ struct ArchiveMember {
 
 struct Extracted {
   ArchiveStatus status;
-  bool isFile = false;   // the member got as far as a file, whatever became of it
+  bool isFile = false;   // the member got as far as a file, which `name` is
   bool renamed = false;  // its name would have left the current directory
   std::string name;
 };
 
 class MemberExtractor {
  public:
-  MemberExtractor(ArchiveFile& file, ArchiveBuffers& buffers) : file_(file), buffers_(buffers) {}
+  // The archive has been opened.
+  MemberExtractor(ArchiveFile& file, ArchiveBuffers& buffers)
+      : file_(file), buffers_(buffers), tree_(file.handle()) {}
 
   Extracted Extract(const ArchiveMember& member);
 

@@ -1,6 +1,9 @@
 #include "archive/find_directory.h"
 
 #include <algorithm>
+#include <array>
+
+#include "archive/archive_records.h"
 
 namespace zeapi {
 namespace {
@@ -11,7 +14,7 @@ constexpr std::int64_t kBlock = ArchiveFile::kBlock;
 
 bool SignatureAt(ArchiveFile& file, std::int64_t position, ZipRecord record) {
   file.Seek(position);
-  return ReadSignature(file, record);
+  return ReadSignature(file, record) == kArchiveOk;
 }
 
 // A block and the first three bytes of the one behind it, in which a signature may end.
@@ -48,11 +51,6 @@ struct SearchBlock {
 };
 
 }  // namespace
-
-bool ReadSignature(ArchiveFile& file, ZipRecord record) {
-  std::array<std::uint8_t, kSignatureSize> bytes;
-  return file.Read(bytes) && bytes == ZipSignature(record);
-}
 
 std::int64_t FindEndRecord(ArchiveFile& file) {
   const std::int64_t size = file.size();
@@ -108,7 +106,7 @@ Directory FindDirectory(ArchiveFile& file) {
   if (directory.position < 0) return fail(kArchiveBadStructure);
   if (!SignatureAt(file, directory.position, ZipRecord::kCentral)) {
     directory.adjustment = 0;
-    directory.position = offset;
+    directory.position = stored;
     directory.status = Worse(directory.status, kArchiveBad);
     if (!SignatureAt(file, directory.position, ZipRecord::kCentral))
       return fail(kArchiveBadStructure);

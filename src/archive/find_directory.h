@@ -3,7 +3,6 @@
 
 #include "archive/archive_file.h"
 #include "archive/archive_status.h"
-#include "archive/zip_records.h"
 
 namespace zeapi {
 
@@ -20,8 +19,5 @@ struct Directory {
 };
 
 Directory FindDirectory(ArchiveFile& file);
-
-// Reads four bytes; false when they are another signature or the file ends.
-bool ReadSignature(ArchiveFile& file, ZipRecord record);
 
 }  // namespace zeapi

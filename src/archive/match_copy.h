@@ -7,7 +7,7 @@
 #include <cstdint>
 #include <cstring>
 
-#include "archive/bit_reader.h"
+#include "base/little_endian.h"
 
 namespace zeapi {
 
@@ -49,13 +49,6 @@ inline void CopyMatch(std::uint8_t* to, std::size_t distance, std::size_t length
   std::memcpy(&behind, end, kCopySlack);
   if (distance >= kCopySlack) {
     CopyWords(to, to - distance, end);
-  } else if (distance >= 16) {
-    const std::uint8_t* from = to - distance;
-    do {
-      std::memcpy(to, from, 16);
-      to += 16;
-      from += 16;
-    } while (to < end);
   } else if (distance >= 8) {
     const std::uint8_t* from = to - distance;
     do {

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 
+#include "base/text.h"
+
 namespace zeapi {
 namespace {
 
@@ -19,8 +21,6 @@ std::size_t Behind(std::string_view text, std::size_t at, char closing) {
   return std::min(text.find(closing, at), text.size());
 }
 
-char Upper(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 32) : c; }
-
 // Names that Windows takes for devices, with any extension; those of ports have a digit behind them,
 // also one of the raised digits 1 to 3.
 constexpr std::array<std::string_view, 7> kDevices = {"CON",    "PRN",     "AUX",   "NUL",
@@ -31,7 +31,7 @@ constexpr std::string_view kPortDigits = "0123456789\xB9\xB2\xB3";
 bool IsDevice(std::string_view component) {
   std::string base(component.substr(0, component.find('.')));
   base.erase(base.find_last_not_of(' ') + 1);
-  std::transform(base.begin(), base.end(), base.begin(), Upper);
+  std::transform(base.begin(), base.end(), base.begin(), AsciiUpper);
   if (std::find(kDevices.begin(), kDevices.end(), base) != kDevices.end()) return true;
   // The raised digits are two bytes in UTF-8.
   if (base.size() == 5 && base[3] == '\xC2') base.erase(3, 1);

@@ -16,10 +16,9 @@ class MemberOutput : public BlockSink {
   MemberOutput& operator=(const MemberOutput&) = delete;
 
   bool Write(std::span<const std::uint8_t> bytes) override;
+  // False when the disk took less than it was given, ever.
   bool Close();
 
-  // False once the disk took less than it was given.
-  bool ok() const { return ok_; }
   std::uint32_t crc() const { return crc_.Value(); }
 
  private:

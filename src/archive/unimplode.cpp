@@ -23,13 +23,14 @@ constexpr unsigned kLengthBits = 7;
 constexpr unsigned kDistanceBits = 7;
 constexpr unsigned kLargeDistanceBits = 8;
 constexpr std::uint64_t kLargeMember = 200000;
-// Every code longer than the main index could at worst have a table of two entries and more to itself;
-// a table serves codes that differ in their last bits only, so twice the symbols are enough for each
-// bit beyond the index.
-constexpr std::size_t kLiteralEntries =
-    (1U << kLiteralBits) + kLiterals * (kLongestCode - kLiteralBits);
+// The tables behind the main one follow one another by the lengths of their codes: none has more entries
+// than the next one has codes, but the last, which has at most those of its index.
+constexpr std::size_t MostEntries(unsigned indexBits, unsigned symbols) {
+  return (std::size_t{1} << indexBits) + symbols + (std::size_t{1} << (kLongestCode - indexBits));
+}
+constexpr std::size_t kLiteralEntries = MostEntries(kLiteralBits, kLiterals);
 constexpr std::size_t kSmallEntries =
-    (1U << kLargeDistanceBits) + kLengths * (kLongestCode - kLengthBits);
+    std::max(MostEntries(kLengthBits, kLengths), MostEntries(kLargeDistanceBits, kDistances));
 
 constexpr std::array<std::uint32_t, kLiterals> SymbolEntries() {
   std::array<std::uint32_t, kLiterals> entries = {};

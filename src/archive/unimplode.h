@@ -9,9 +9,10 @@
 namespace zeapi {
 
 struct ImplodeForm {
-  bool
-      literalTree;  // general flag 4: literals have a code, and the shortest match has 3 bytes, else 2
-  bool largeWindow;  // general flag 2: distances have 7 low bits, else 6
+  // General flag 4: literals have a code, and the shortest match has 3 bytes, else 2.
+  bool literalTree;
+  // General flag 2: distances have 7 low bits, else 6.
+  bool largeWindow;
 };
 
 // The decoder's own words for how it went.

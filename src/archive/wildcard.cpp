@@ -2,12 +2,12 @@
 
 #include <algorithm>
 
+#include "base/text.h"
+
 namespace zeapi {
 namespace {
 
 unsigned char Byte(char c) { return static_cast<unsigned char>(c); }
-
-char Lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; }
 
 // Reads the characters of a set that begins behind its "[".
 class Set {
@@ -64,7 +64,7 @@ class Set {
 bool MatchOne(char c, std::string_view pattern, std::size_t* at) {
   const char p = pattern[(*at)++];
   if (p == '?') return true;
-  if (p != '[') return Lower(p) == Lower(c);
+  if (p != '[') return AsciiUpper(p) == AsciiUpper(c);
   Set set(pattern.substr(*at));
   if (!set.Has(c)) return false;
   *at += set.end();

@@ -1,14 +1,17 @@
 #include "data/data_files.h"
 
 #include <cstring>
+#include <iterator>
 #include <memory>
 #include <string_view>
+#include <utility>
 
 #include "base/stream.h"
 #include "base/text.h"
+#include "base/text_cursor.h"
 #include "data/record_reader.h"
 #include "files/file_utilities.h"
-#include "platform/files.h"
+#include "files/regular_file.h"
 
 namespace zeapi {
 namespace {
@@ -19,17 +22,23 @@ constexpr ZeDatField kFields[] = {
     {"szEmulation", kDatText, 6, "XXXX"},
     {"szCommand", kDatText, 102, "PPPPXXXXXXXXXXXXXXXXXXXXXXXXXXXXXXXXXXXX"},
     {"szVarFormat", kDatText, 6, "XXXX"},
-    {"dVarRangeLo", kDatDouble, 8, "##.##"},
-    {"dVarRangeHi", kDatDouble, 8, "##.##"},
-    {"dVarIncrement", kDatDouble, 8, "##.##"},
+    {"dVarRangeLo", kDatNumber, 8, "##.##"},
+    {"dVarRangeHi", kDatNumber, 8, "##.##"},
+    {"dVarIncrement", kDatNumber, 8, "##.##"},
     {"szDuration", kDatText, 2, "P"},
 };
 
-constexpr std::int32_t kReadMode = 2;
+constexpr std::size_t SizeOfFields() {
+  std::int32_t size = 0;
+  for (const ZeDatField& field : kFields) size += field.size;
+  return static_cast<std::size_t>(size);
+}
+static_assert(SizeOfFields() == sizeof(ZeDatRecord));
+
 constexpr std::size_t kCountedKey = 5;
 
 struct DataFile {
-  explicit DataFile(std::FILE* opened) : stream(opened), text(opened) {}
+  explicit DataFile(Stream opened) : stream(std::move(opened)), text(stream.get()) {}
 
   // Records are read in the order of the file, so the one behind the current is the next to read.
   std::int16_t Read(ZeDatRecord* record) {
@@ -63,25 +72,22 @@ void ForEachRecord(std::int16_t handle, ZeDatRecord* record, Use use) {
 }
 
 void CountLetter(char letter, std::uint16_t* counts) {
-  constexpr std::string_view kLetters = "AFGPST";
+  constexpr std::string_view kLetters = ZE_DAT_LETTERS;
   const std::size_t at = kLetters.find(AsciiUpper(letter));
-  if (at != kLetters.npos) ++counts[at];
+  if (at != std::string_view::npos) ++counts[at];
 }
 
 }  // namespace
 
-static_assert(sizeof(ZeDatRecord) == 248);
-
 std::int16_t DatOpenFile(const char* path, std::int32_t mode) {
-  if (path == nullptr || NameTooLong(path) || mode != kReadMode || !FilExists(path)) {
+  if (path == nullptr || NameTooLong(path) || mode != ZE_DAT_READ || !FilExists(path)) {
     return ZE_DAT_INVALID;
   }
   for (std::int16_t handle = 0; handle < static_cast<std::int16_t>(std::size(files)); ++handle) {
     if (files[handle] != nullptr) continue;
-    Stream stream(platform::OpenStream(path, "r"));
+    Stream stream(OpenRegularFile(path, "r"));
     if (stream == nullptr) return ZE_DAT_OPEN_FAILED;
-    files[handle] = std::make_unique<DataFile>(stream.get());
-    static_cast<void>(stream.release());
+    files[handle] = std::make_unique<DataFile>(std::move(stream));
     return handle;
   }
   return ZE_DAT_FAILED;
@@ -151,7 +157,6 @@ std::int16_t DatQueryCounts(const char* path, ZeDatCounts* counts, std::int32_t 
     if (AsciiUpper(found.szKey[0]) == 'S') CountLetter(found.szKey[1], second);
     return true;
   });
-  *counts = {};
   std::memcpy(counts->first, first, sizeof(first));
   std::memcpy(counts->second, second, sizeof(second));
   return DatCloseFile(handle);

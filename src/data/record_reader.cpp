@@ -2,14 +2,18 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
-#include <cstring>
+#include <cstddef>
+#include <cstdio>
+#include <iterator>
 #include <string_view>
+
+#include "data/number_field.h"
 
 namespace zeapi {
 namespace {
 
 constexpr std::size_t kLongestNumber = 24;
+constexpr std::string_view kMarks = ",;:";
 
 // By character: what stands between fields, and what ends a number.
 struct CharacterClasses {
@@ -22,9 +26,9 @@ constexpr CharacterClasses MakeClasses() {
   for (std::size_t c = 0; c < classes.separates.size(); ++c) {
     classes.separates[c] = c <= ' ' || c > '~';
   }
-  for (const std::size_t c : {',', ';', ':'}) {
-    classes.separates[c] = true;
-    classes.endsNumber[c] = true;
+  for (const char mark : kMarks) {
+    classes.separates[static_cast<unsigned char>(mark)] = true;
+    classes.endsNumber[static_cast<unsigned char>(mark)] = true;
   }
   classes.separates['\n'] = false;
   classes.endsNumber['\n'] = true;
@@ -55,7 +59,7 @@ int FindRecord(TextCursor* text) {
   for (;;) {
     int c = SkipSeparators(text);
     if (c == '#') {
-      text->TakeUpTo('\n', nullptr, 0);
+      text->TakeUpTo('\n', {});
       c = text->Peek();
     }
     if (c != '\n') return c;
@@ -72,7 +76,7 @@ ZeDatReading ReadText(TextCursor* text, bool doubledQuotes, Field field) {
   char* place = reinterpret_cast<char*>(field.data());
   std::size_t room = field.size() - 1;
   for (;;) {
-    const std::size_t taken = text->TakeUpTo('"', place, room);
+    const std::size_t taken = text->TakeUpTo('"', {place, room});
     place += taken;
     room -= taken;
     if (text->Peek() == EOF) return kDatEndOfFile;
@@ -85,64 +89,9 @@ ZeDatReading ReadText(TextCursor* text, bool doubledQuotes, Field field) {
   }
 }
 
-// A number of at most 15 digits without an exponent: both parts of the quotient are exact, so it is
-// the nearest there is. Most numbers are such, and this takes a fraction of the time.
-bool ConvertShort(std::string_view token, double* number) {
-  constexpr std::size_t kExactDigits = 15;
-  constexpr double kPowers[] = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
-                                1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
-  const bool negative = token.starts_with('-');
-  if (negative) token.remove_prefix(1);
-  std::int64_t digits = 0;
-  std::size_t fraction = 0;
-  bool point = false;
-  if (token.size() > kExactDigits) return false;
-  for (const char c : token) {
-    if (c >= '0' && c <= '9') {
-      digits = digits * 10 + (c - '0');
-      if (point) ++fraction;
-    } else if (c == '.' && !point) {
-      point = true;
-    } else {
-      return false;
-    }
-  }
-  if (token.size() == (point ? 1U : 0U)) return false;
-  const double value = static_cast<double>(digits) / kPowers[fraction];
-  *number = negative ? -value : value;
-  return true;
-}
-
-// The whole of a number, independent of any locale: digits with a point or an exponent, no names.
-template <typename Number>
-bool Convert(std::string_view token, Number* number) {
-  const bool plus = token.starts_with('+');
-  if (plus) token.remove_prefix(1);
-  const std::size_t sign = !plus && token.starts_with('-') ? 1 : 0;
-  const char first = token.size() > sign ? token[sign] : '\0';
-  if (first != '.' && (first < '0' || first > '9')) return false;
-  const char* end = token.data() + token.size();
-  const std::from_chars_result result = std::from_chars(token.data(), end, *number);
-  return result.ec == std::errc() && result.ptr == end;
-}
-
-bool Convert(std::string_view token, double* number) {
-  return ConvertShort(token, number) || Convert<double>(token, number);
-}
-
-template <typename Number>
-ZeDatReading StoreNumber(std::string_view token, Field field) {
-  Number number;
-  if (field.size() != sizeof(number) || !Convert(token, &number)) return kDatBadFormat;
-  std::memcpy(field.data(), &number, sizeof(number));
-  return kDatRecord;
-}
-
-ZeDatReading StoreToken(std::string_view number, bool whole, Field field) {
-  if (!whole && field.size() == sizeof(float)) return StoreNumber<float>(number, field);
-  if (!whole) return StoreNumber<double>(number, field);
-  if (field.size() == sizeof(std::int16_t)) return StoreNumber<std::int16_t>(number, field);
-  return StoreNumber<std::int32_t>(number, field);
+ZeDatReading StoreNumber(std::string_view token, bool whole, Field field) {
+  const bool stored = whole ? StoreWholeNumber(token, field) : StoreRealNumber(token, field);
+  return stored ? kDatRecord : kDatBadFormat;
 }
 
 ZeDatReading ReadNumber(TextCursor* text, bool whole, Field field) {
@@ -155,62 +104,43 @@ ZeDatReading ReadNumber(TextCursor* text, bool whole, Field field) {
     text->SkipAhead(count);
     const bool ended = count < ahead.size() || ahead.empty();
     // Nearly every token lies in one piece of what was read.
-    if (ended && length == 0) return StoreToken(ahead.substr(0, count), whole, field);
+    if (ended && length == 0) return StoreNumber(ahead.substr(0, count), whole, field);
     std::copy_n(ahead.data(), count, token + length);
     length += count;
-    if (ended) return StoreToken({token, length}, whole, field);
+    if (ended) return StoreNumber({token, length}, whole, field);
   }
+}
+
+enum class FieldKind { kText, kDoubledQuotes, kWholeNumber, kNumber, kAbsent };
+
+FieldKind KindOf(std::int32_t type, std::size_t size) {
+  using enum FieldKind;
+  constexpr FieldKind kKinds[] = {kText,   kWholeNumber,   kWholeNumber,
+                                  kNumber, kNumber,        kDoubledQuotes,
+                                  kAbsent, kDoubledQuotes, kWholeNumber};
+  if (type < 0 || type >= static_cast<std::int32_t>(std::size(kKinds))) return kAbsent;
+  // A field of 4 bytes has no use for quotes.
+  if (type == 5 && size == sizeof(std::int32_t)) return kWholeNumber;
+  return kKinds[type];
 }
 
 ZeDatReading ReadField(TextCursor* text, std::int32_t type, Field field) {
-  switch (type) {
-    case kDatText:
+  switch (KindOf(type, field.size())) {
+    case FieldKind::kText:
       return ReadText(text, false, field);
-    case kDatQuotedText:
-      // A field of 4 bytes has no use for quotes: it is a number.
-      if (field.size() == sizeof(std::int32_t)) return ReadNumber(text, true, field);
+    case FieldKind::kDoubledQuotes:
       return ReadText(text, true, field);
-    case 7:
-      return ReadText(text, true, field);
-    case kDatInteger:
-    case 2:
-    case 8:
+    case FieldKind::kWholeNumber:
       return ReadNumber(text, true, field);
-    case kDatFloat:
-    case kDatDouble:
+    case FieldKind::kNumber:
       return ReadNumber(text, false, field);
-    default:
-      return kDatRecord;
+    case FieldKind::kAbsent:
+      break;
   }
+  return kDatRecord;
 }
 
 }  // namespace
-
-bool TextCursor::Refill() {
-  const std::size_t count = std::fread(room_.data(), 1, room_.size(), stream_);
-  next_ = room_.data();
-  end_ = next_ + count;
-  return count > 0;
-}
-
-std::size_t TextCursor::TakeUpTo(char stop, char* room, std::size_t size) {
-  std::size_t taken = 0;
-  while (Peek() != EOF) {
-    const void* found = std::memchr(next_, stop, static_cast<std::size_t>(end_ - next_));
-    const char* until = found == nullptr ? end_ : static_cast<const char*>(found);
-    const std::size_t part = std::min(static_cast<std::size_t>(until - next_), size - taken);
-    if (part > 0) std::memcpy(room + taken, next_, part);
-    taken += part;
-    next_ = until;
-    if (found != nullptr) break;
-  }
-  return taken;
-}
-
-void TextCursor::Rewind() {
-  std::rewind(stream_);
-  next_ = end_ = room_.data();
-}
 
 ZeDatReading DatReadRecord(TextCursor* text, std::span<const ZeDatField> fields,
                            std::span<std::uint8_t> record) {

@@ -25,6 +25,7 @@ bool EnsureDirectory(const char* path, bool* made) {
   switch (platform::QueryPath(path)) {
     case platform::PathKind::kRegularFile:
       return false;
+    case platform::PathKind::kFolder:
     case platform::PathKind::kOther:
       return true;
     case platform::PathKind::kMissing:

@@ -11,6 +11,7 @@ std::FILE* OpenRegularFile(const char* path, const char* mode) {
     case platform::PathKind::kMissing:
       if (mode[0] == 'r') return nullptr;
       break;
+    case platform::PathKind::kFolder:
     case platform::PathKind::kOther:
       return nullptr;
   }

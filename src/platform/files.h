@@ -16,7 +16,7 @@ std::FILE* OpenStream(const char* path, const char* mode);
 bool PathExists(const char* path);
 bool PathReadable(const char* path);
 
-enum class PathKind { kMissing, kRegularFile, kOther };
+enum class PathKind { kMissing, kRegularFile, kFolder, kOther };
 PathKind QueryPath(const char* path);
 
 // True when both paths lead to one existing file.

@@ -3,17 +3,21 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "platform/handle_files.h"
 
 namespace zeapi::platform {
 
 // Nothing outside the current directory is reached: symbolic links and other entries that stand for a
-// place elsewhere are neither followed nor written through. Names are taken as they are written, also
-// where a host tells cases apart. They have no "..", and no separators but "/".
+// place elsewhere are neither followed nor written through. On Windows, where names are looked up by path,
+// folders are held meanwhile, so that nobody can put another in their place; that somebody turns an empty
+// one into a link is not prevented. Names are taken as they are written, also where a host tells cases
+// apart. They have no "..", and no separators but "/".
 class LocalTree {
  public:
-  LocalTree() = default;
+  // `spared` is a file that is open meanwhile and not to be overwritten, or none.
+  explicit LocalTree(FileHandle spared = kNoFileHandle) : spared_(spared) {}
   ~LocalTree();
   LocalTree(const LocalTree&) = delete;
   LocalTree& operator=(const LocalTree&) = delete;
@@ -22,8 +26,8 @@ class LocalTree {
   // a part of it is no folder or cannot be made.
   bool Enter(const std::string& folder);
 
-  // Creates a file in the folder entered last, or empties it. kNoFileHandle when that fails, and for
-  // anything but a plain file.
+  // Creates a file in the folder entered last, or empties it. kNoFileHandle when that fails, for anything
+  // but a plain file, and for the spared one.
   FileHandle Create(const std::string& name) const;
 
   // Sets the last-write time of a file there to a date and time as DOS stores them, taken as UTC.
@@ -33,8 +37,10 @@ class LocalTree {
  private:
   void Leave();
 
+  FileHandle spared_;
   std::string entered_;
-  FileHandle folder_ = kNoFileHandle;  // on hosts where a folder can be held open
+  FileHandle folder_ = kNoFileHandle;  // where names are looked up in an open folder
+  std::vector<FileHandle> held_;       // elsewhere: all folders on the way
 };
 
 }  // namespace zeapi::platform

@@ -3,8 +3,8 @@
 
 namespace zeapi::platform {
 
-// The first character of the next line; 0 when the line is empty or there is none. Nobody is waited
-// for who does not know that he is asked: a terminal has no lines.
-char StandardInputAnswer();
+// The next byte, if there is one at once: nobody is waited for, and nothing is read ahead. A terminal has
+// none, since nobody there knows that he is asked.
+bool StandardInputByte(char* byte);
 
 }  // namespace zeapi::platform

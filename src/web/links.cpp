@@ -1,15 +1,18 @@
 #include "web/links.h"
 
+#include <algorithm>
 #include <cstdarg>
 #include <cstdio>
 #include <cstring>
 #include <iterator>
 #include <memory>
+#include <string>
 #include <string_view>
 
 #include "base/compiler.h"
+#include "base/text.h"
 #include "platform/host.h"
-#include "web/topics.h"
+#include "web/tables.h"
 
 namespace zeapi {
 namespace {
@@ -30,15 +33,15 @@ void EmptyText(char* buffer, std::uint32_t size) {
   if (size > 0) buffer[0] = '\0';
 }
 
-// Builds a text in a caller's buffer, which is empty again at the end unless the text is kept.
-class TextBuilder {
+// Builds an address in a caller's buffer, which is empty again at the end unless it is kept.
+class AddressBuilder {
  public:
-  TextBuilder(char* buffer, std::uint32_t size) : buffer_(buffer), size_(size) {}
-  ~TextBuilder() {
+  AddressBuilder(char* buffer, std::uint32_t size) : buffer_(buffer), size_(size) {}
+  ~AddressBuilder() {
     if (!kept_) EmptyText(buffer_, size_);
   }
-  TextBuilder(const TextBuilder&) = delete;
-  TextBuilder& operator=(const TextBuilder&) = delete;
+  AddressBuilder(const AddressBuilder&) = delete;
+  AddressBuilder& operator=(const AddressBuilder&) = delete;
 
   void Keep() { kept_ = true; }
 
@@ -95,34 +98,39 @@ class Overrides {
   std::unique_ptr<char[]> room_;
 };
 
-struct Part {
-  const char* section;
-  const char* key;
-  const char* fallback;
-};
+std::string InUpperCase(std::string text) {
+  std::transform(text.begin(), text.end(), text.begin(), AsciiUpper);
+  return text;
+}
 
-Result BuildUrl(const WebTopic& topic, std::int32_t language, const std::int32_t* printer,
-                IniFile* ini, std::uint32_t size, TextBuilder* text) {
-  char languageText[16];
-  char printerText[16] = "";
-  std::snprintf(languageText, sizeof(languageText), "%d", language);
-  if (printer != nullptr) std::snprintf(printerText, sizeof(printerText), "%d", *printer);
-  const Part segments[] = {{"AREA", topic.section, topic.path},
-                           {"LANGUAGE", languageText, languageText},
-                           {"PRINTER", printerText, printerText}};
+bool IsKnown(Result result) { return result == ZE_OK || result == ZE_DEFAULT_USED; }
 
-  Overrides overrides(ini, size);
+Result AppendSegment(const char* section, const std::string& key, const std::string& fallback,
+                     Overrides* overrides, AddressBuilder* address) {
   std::string_view found;
-  Result result = overrides.Find("AREA_PREFIX", topic.section, kPathBase, &found);
-  if (result != ZE_OK && result != ZE_DEFAULT_USED) return result;
-  if (!text->Append(found)) return ZE_BUFFER_TOO_SMALL;
-  const std::size_t count = std::size(segments) - (printer == nullptr ? 1 : 0);
-  for (std::size_t i = 0; i < count; ++i) {
-    result = overrides.Find(segments[i].section, segments[i].key, segments[i].fallback, &found);
-    if (result != ZE_OK && result != ZE_DEFAULT_USED) return result;
-    if (!text->AppendSegment(found)) return ZE_BUFFER_TOO_SMALL;
-  }
+  const Result result = overrides->Find(section, key.c_str(), fallback.c_str(), &found);
+  if (IsKnown(result) && !address->AppendSegment(found)) return ZE_BUFFER_TOO_SMALL;
   return result;
+}
+
+Result BuildUrl(const std::string& topic, std::int32_t language, const std::int32_t* printer,
+                Overrides* overrides, AddressBuilder* address) {
+  const std::string key = InUpperCase(topic);
+  std::string_view base;
+  Result result = overrides->Find("AREA_PREFIX", key.c_str(), kPathBase, &base);
+  if (!IsKnown(result)) return result;
+  if (!address->Append(base)) return ZE_BUFFER_TOO_SMALL;
+  result = AppendSegment("AREA", key, topic, overrides, address);
+  if (!IsKnown(result)) return result;
+  const std::string languageText = std::to_string(language);
+  result = AppendSegment("LANGUAGE", languageText, languageText, overrides, address);
+  if (!IsKnown(result) || printer == nullptr) return result;
+  const std::string printerText = std::to_string(*printer);
+  return AppendSegment("PRINTER", printerText, printerText, overrides, address);
+}
+
+const char* QueryWord(std::uint32_t topic) {
+  return topic == ZE_WEB_TECHSUPPORT ? kTechSupportInQueries : kWebTopics[topic - 1];
 }
 
 unsigned LanguageCode(std::uint16_t language) {
@@ -153,10 +161,11 @@ Result WebGetUrl(std::int32_t printer, std::int32_t topic, std::int32_t language
   }
   std::int32_t number = 0;
   if (!PrinterNumber(printer, &number)) return ZE_UNKNOWN_TYPE;
-  TextBuilder text(buffer, size);
+  AddressBuilder address(buffer, size);
+  Overrides overrides(ini, size);
   const Result result = BuildUrl(kWebTopics[topic - 1], language,
-                                 printer == kNoPrinter ? nullptr : &number, ini, size, &text);
-  if (result == ZE_OK || result == ZE_DEFAULT_USED) text.Keep();
+                                 printer == kNoPrinter ? nullptr : &number, &overrides, &address);
+  if (IsKnown(result)) address.Keep();
   return result;
 }
 
@@ -166,15 +175,15 @@ Result WebGetCgiUrl(std::uint32_t family, std::uint32_t model, std::uint32_t top
   EmptyText(buffer, size);
   if (topic < 1 || topic > std::size(kWebTopics) || size == 0) return ZE_INVALID_ARGUMENT;
   // Callers give one byte more than the address and its terminator take; less than that is refused.
-  TextBuilder text(buffer, size - 1);
-  const bool whole = text.Append(kQueryBase) &&
-                     text.AppendFormatted("func=%s", kWebTopics[topic - 1].query) &&
-                     text.AppendFormatted("&lang=%u", LanguageCode(language)) &&
-                     text.AppendFormatted("&prtr=B%03u%03u", family, model) &&
-                     text.AppendFormatted("&ctry=%08X", platform::DefaultLanguage()) &&
-                     text.AppendFormatted("&os=%u", SystemCode(platform::QuerySystem()));
+  AddressBuilder address(buffer, size - 1);
+  const bool whole = address.Append(kQueryBase) &&
+                     address.AppendFormatted("func=%s", QueryWord(topic)) &&
+                     address.AppendFormatted("&lang=%u", LanguageCode(language)) &&
+                     address.AppendFormatted("&prtr=B%03u%03u", family, model) &&
+                     address.AppendFormatted("&ctry=%08X", platform::DefaultLanguage()) &&
+                     address.AppendFormatted("&os=%u", SystemCode(platform::QuerySystem()));
   if (!whole) return ZE_BUFFER_TOO_SMALL;
-  text.Keep();
+  address.Keep();
   return ZE_OK;
 }
 

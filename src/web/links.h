@@ -8,8 +8,8 @@
 
 namespace zeapi {
 
-// Base "/" topic "/" language "/" printer; `ini` may be null. Returns 0, 1, 11, 42, 44 or a code of IniRead2;
-// every failure leaves an empty text.
+// Base "/" topic "/" language "/" printer; `ini` may be null. Returns 0, 1, 11, 42, 44 or a code of
+// IniRead2; every failure leaves an empty text.
 Result WebGetUrl(std::int32_t printer, std::int32_t topic, std::int32_t language, char* buffer,
                  std::uint32_t size, IniFile* ini);
 

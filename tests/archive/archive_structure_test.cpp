@@ -131,8 +131,18 @@ TEST_F(ArchiveStructure, DirectoryWhoseOffsetAloneIsWrong) {
   archive.directoryOffset = 1;
   EXPECT_EQ(Explode(archive), ZE_BAD_FORMAT);
   archive.directoryOffset = 0xFFFFFFFF;
-  EXPECT_EQ(Explode(archive), ZE_UNEXPECTED_END);
+  EXPECT_EQ(Explode(archive), ZE_BAD_FORMAT);
   EXPECT_EQ(Tree(), Names{});
+}
+
+TEST_F(ArchiveStructure, MembersBeforeTheStartAreBad) {
+  ZipArchive archive = {{{"first", "x"}, {"second", "y"}}};
+  archive.offsetError = 20;
+  archive.members[0].localOffset = 19;  // corrected by -20
+  EXPECT_EQ(Explode(archive), ZE_BAD_FORMAT);
+  EXPECT_EQ(Tree(), Names{"second=y"});
+  EXPECT_EQ(ExplodeTold(archive), ZE_BAD_FORMAT);
+  EXPECT_EQ(progress().size(), 0U);
 }
 
 TEST_F(ArchiveStructure, OffsetOfZeroIsReplacedByTheAdjustment) {
@@ -140,6 +150,21 @@ TEST_F(ArchiveStructure, OffsetOfZeroIsReplacedByTheAdjustment) {
   archive.directoryOffset = 0;
   EXPECT_EQ(Explode(archive), ZE_BAD_FORMAT);
   EXPECT_EQ(Tree(), kOneFile);
+}
+
+TEST_F(ArchiveStructure, OffsetOfZeroIsTriedAsItIsStored) {
+  // The directory stands at the very start, and bytes before the record make a wrong adjustment.
+  const std::string bytes = ZipArchive{{{"folder/", ""}}}.Bytes();
+  const std::size_t start = bytes.find("PK\1\2");
+  const std::size_t record = bytes.find("PK\5\6");
+  const std::string directory = bytes.substr(start, record - start);
+  std::string end = bytes.substr(record);
+  end.replace(16, 4, 4, '\0');
+  const std::string local = bytes.substr(0, start);
+  std::string moved = directory;
+  moved[42] = static_cast<char>(directory.size());
+  EXPECT_EQ(ExplodeBytes(moved + local + end), ZE_BAD_FORMAT);
+  EXPECT_EQ(Tree(), Names{"folder/"});
 }
 
 TEST_F(ArchiveStructure, DirectorySizeOfZeroWithAnOffset) {
@@ -182,6 +207,28 @@ TEST_F(ArchiveStructure, LesserWarningsDoNotHideWhatIsWorse) {
   wrong.crc = 1;
   archive.members.push_back(wrong);
   EXPECT_EQ(ExplodeTold(archive), ZE_BAD_FORMAT);
+}
+
+TEST_F(ArchiveStructure, PatternWithoutAMatchIsWorseThanBadOffsets) {
+  ZipArchive archive = OneFile();
+  EXPECT_EQ(Explode(archive, "no*"), ZE_FILE_NOT_FOUND);
+  archive.offsetError = 20;
+  EXPECT_EQ(Explode(archive, "no*"), ZE_FILE_NOT_FOUND);
+  EXPECT_EQ(Explode(archive, "f*"), ZE_BAD_FORMAT);
+}
+
+TEST_F(ArchiveStructure, DirectoryThatBreaksOffMayHaveHadAMatch) {
+  ZipArchive archive = OneFile();
+  archive.entries = 2;
+  EXPECT_EQ(Explode(archive, "no*"), ZE_BAD_FORMAT);
+}
+
+TEST_F(ArchiveStructure, DirectoryOfNoEntriesHasNoMatch) {
+  ZipArchive archive = OneFile();
+  archive.entries = 0;
+  EXPECT_EQ(Explode(archive, "f*"), ZE_FILE_NOT_FOUND);
+  EXPECT_EQ(Explode(archive), ZE_OK);
+  EXPECT_EQ(Tree(), Names{});
 }
 
 TEST_F(ArchiveStructure, BatchesOf64) {

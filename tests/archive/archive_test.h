@@ -29,6 +29,7 @@ class ArchiveTest : public ScratchTest {
   // With a callback, which fills progress().
   std::uint32_t ExplodeTold(const ZipArchive& archive, const char* pattern = nullptr);
   static const std::vector<Progress>& progress() { return progress_; }
+  static void ClearProgress() { progress_.clear(); }
 
   // Removes all that is below the current directory.
   static void Empty();

@@ -3,6 +3,7 @@
 #include "archive/bit_writer.h"
 #include "archive/memory_io.h"
 #include "archive/shrink_encoder.h"
+#include "archive/unshrink_model.h"
 #include "support/bytes.h"
 
 namespace zeapi::testing {
@@ -126,6 +127,69 @@ TEST(Unshrink, RandomMembersComeBack) {
     ASSERT_TRUE(Unshrunk(packed, plain.size(), static_cast<unsigned>(i)) == plain) << i;
   }
   EXPECT_GT(all.newest, 1000U);
+}
+
+// Codes that no encoder would choose: strings of freed parents, clearing again and again, strings that are
+// their own parents.
+struct OddCodes {
+  unsigned clearOneIn;
+  unsigned newestOneIn;
+  unsigned recentOneIn;
+  unsigned wrongOneIn;
+};
+
+unsigned OddCode(const OddCodes& odds, const UnshrinkModel& model, Random& random) {
+  const auto oneIn = [&](unsigned n) { return Below(random, n) == 0; };
+  const unsigned next = model.LowestFree();
+  if (oneIn(odds.wrongOneIn)) return 257 + Below(random, 8192 - 257);
+  if (next < 8192 && oneIn(odds.newestOneIn)) return next;
+  const unsigned most = std::min(next + 20, 8192U);
+  if (oneIn(odds.recentOneIn) && most > 257) {
+    const unsigned code = 257 + Below(random, most - 257);
+    if (!model.IsFree(code)) return code;
+  }
+  return Below(random, 256);
+}
+
+void CompareWithModel(const OddCodes& odds, unsigned steps, Random& random) {
+  UnshrinkModel model;
+  BitWriter bits;
+  for (unsigned width = 9; width < 13; ++width) {
+    bits.Put(256, width);
+    bits.Put(1, width);
+  }
+  std::string expected;
+  for (unsigned step = 0; step < steps && expected.size() < 1000000; ++step) {
+    if (Below(random, odds.clearOneIn) == 0) {
+      bits.Put(256, 13);
+      bits.Put(2, 13);
+      model.Clear();
+    }
+    const unsigned code = OddCode(odds, model, random);
+    bits.Put(code, 13);
+    const auto text = model.Code(code);
+    if (!text) break;
+    expected += *text;
+  }
+  ASSERT_TRUE(Unshrunk(bits.bytes(), 2000000) == expected) << expected.size();
+}
+
+TEST(Unshrink, ClearsWhatTheDefinitionClears) {
+  Random random(6);
+  for (int i = 0; i < 1000; ++i) {
+    const OddCodes odds = {1 + Below(random, 30), 1 + Below(random, 10), 1 + Below(random, 4),
+                           100 + Below(random, 1000)};
+    CompareWithModel(odds, 300, random);
+    if (HasFatalFailure()) FAIL() << i;
+  }
+}
+
+TEST(Unshrink, ClearsFullTablesAsDefined) {
+  Random random(7);
+  for (const unsigned clearOneIn : {3U, 500U, 9000U, 12000U}) {
+    CompareWithModel({clearOneIn, 50, 2, 1000000}, 20000, random);
+    if (HasFatalFailure()) FAIL() << clearOneIn;
+  }
 }
 
 TEST(Unshrink, FailedWriteEndsIt) {

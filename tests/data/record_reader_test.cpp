@@ -64,12 +64,22 @@ TEST_F(RecordReaderTest, NumbersOfSingleAndDoublePrecision) {
     std::memcpy(&single, bytes.data(), sizeof(single));
     EXPECT_EQ(single, 1.5F);
     EXPECT_EQ(Read(type, 4, "1e100\n"), kDatBadFormat);
+    EXPECT_EQ(Read(type, 4, "123456789012345e25\n"), kDatBadFormat);
+    EXPECT_EQ(Read(type, 4, "-1e-100\n"), kDatRecord);
+    EXPECT_BYTES(bytes, Bytes("\0\0\0\x80"));
+    EXPECT_EQ(Read(type, 4, "1e-40\n"), kDatRecord);
+    std::memcpy(&single, bytes.data(), sizeof(single));
+    EXPECT_EQ(single, 1e-40F);
     EXPECT_EQ(Read(type, 8, "1e100\n"), kDatRecord);
     EXPECT_EQ(Read(type, 2, "1\n"), kDatBadFormat);
   }
 }
 
 TEST_F(RecordReaderTest, UnknownTypeIsNotInTheFileAndHoldsZeros) {
+  for (const int type : {-1, 6, 9, INT32_MAX}) {
+    EXPECT_EQ(Read(type, 3, "\x01\n"), kDatEndOfFile) << type;
+    EXPECT_EQ(Read(type, 3, "x"), kDatBadFormat) << type;
+  }
   EXPECT_EQ(Read(6, 3, " x\n"), kDatBadFormat);  // nothing is read for it
   EXPECT_EQ(Read(6, 3, "x"), kDatBadFormat);
   EXPECT_BYTES(bytes, Bytes("\0\0\0"));

@@ -44,7 +44,11 @@ class ArchiveFaultTest : public ArchiveTest {
   void Clean() const {
     for (const std::string& name : names_) fs::remove(name);
     fs::remove("d");
+    WriteFile("reduced", "old");
   }
+
+  // "reduced" is there before.
+  static bool IsNew(const std::string& name) { return fs::exists(name) && ReadFile(name) != "old"; }
 
   // Files that are there, and whether all of them have their whole content.
   bool Whole() const {
@@ -94,6 +98,7 @@ TEST_F(ArchiveFaultTest, EachFailureHasItsCode) {
       {"read", {ZE_BAD_FORMAT, ZE_UNEXPECTED_END}},
       {"openat", {ZE_BAD_FORMAT, ZE_SHARING_VIOLATION}},
       {"mkdirat", {ZE_BAD_FORMAT}},
+      {"ftruncate", {ZE_SHARING_VIOLATION}},
       {"write", {ZE_DISK_FULL}},
       {"close", {ZE_OK, ZE_DISK_FULL}},
       {"utimensat", {ZE_OK}},
@@ -107,7 +112,7 @@ TEST_F(ArchiveFaultTest, EachFailureHasItsCode) {
     EXPECT_TRUE(result != ZE_OK || Whole());
   });
   for (const char* function : {"new", "calloc", "open", "lseek", "read", "openat", "mkdirat",
-                               "write", "close", "utimensat"})
+                               "ftruncate", "write", "close", "utimensat"})
     EXPECT_EQ(seen.count(function), 1U) << function;
 }
 
@@ -115,6 +120,18 @@ TEST_F(ArchiveFaultTest, WithACallbackTheSame) {
   FailEach(Ignore, [&](const std::string&, std::uint32_t result) {
     EXPECT_TRUE(result != ZE_OK || Whole());
   });
+}
+
+TEST_F(ArchiveFaultTest, DecoderWithoutMemoryEndsThePassBeforeACallback) {
+  int decoders = 0;
+  FailEach(Ignore, [&](const std::string& failed, std::uint32_t result) {
+    // Their memory is asked for when the file is there.
+    if (failed != "new" || !fs::exists("imploded") || fs::file_size("imploded") != 0) return;
+    ++decoders;
+    EXPECT_EQ(result, ZE_OUT_OF_MEMORY);
+    EXPECT_FALSE(fs::exists("deflated"));
+  });
+  EXPECT_EQ(decoders, 1);
 }
 
 TEST_F(ArchiveFaultTest, FullDiskEndsThePass) {
@@ -126,7 +143,7 @@ TEST_F(ArchiveFaultTest, FullDiskEndsThePass) {
     // The first member writes twice, the others once each.
     const int member = std::max(writes - 2, 0);
     for (int i = 0; i < 5; ++i)
-      EXPECT_EQ(fs::exists(names_[static_cast<std::size_t>(i)]), i <= member) << i;
+      EXPECT_EQ(IsNew(names_[static_cast<std::size_t>(i)]), i <= member) << i;
   });
   EXPECT_EQ(writes, 6);
 }

@@ -1,4 +1,4 @@
-// Panel files, QSF files, data files and web links under every failure.
+// Panel files, QSF files and web links under every failure.
 #include <cstring>
 
 #include "fault/each_failure.h"
@@ -137,88 +137,6 @@ TEST_F(ConfigFaultTest, QsfSection) {
         EXPECT_EQ(count, code == ZE_OK ? 1 : 0);
         ZeMemFree(variables);
         Close();
-      });
-}
-
-TEST_F(ConfigFaultTest, DataFile) {
-  int opened = 0;
-  int found = 0;
-  int next = 0;
-  int closed = 0;
-  ZeDatRecord record;
-  EachFailure(
-      [&] {
-        WriteFile("data", "\"A\",\"\",\"\",\"\",\"\",0,0,0,\"\"\n");
-        record = {};
-      },
-      [&] {
-        opened = ZeDatOpenFile("data", 0, 2);
-        if (opened < 0) return;
-        found = ZeDatGetFirstKey(opened, &record);
-        next = ZeDatGetNextKey(opened, &record);
-        closed = ZeDatCloseFile(opened);
-      },
-      [&](const std::string& failed) {
-        if (opened < 0) {
-          EXPECT_TRUE(opened == ZE_DAT_INVALID || opened == ZE_DAT_FAILED ||
-                      opened == ZE_DAT_OPEN_FAILED)
-              << opened;
-          EXPECT_FALSE(failed.empty());
-          return;
-        }
-        EXPECT_EQ(opened, 0);
-        EXPECT_TRUE(found == ZE_DAT_OK || found == ZE_DAT_NOT_FOUND) << found;
-        EXPECT_EQ(next, found == ZE_DAT_OK ? ZE_DAT_END_OF_FILE : ZE_DAT_NOT_FOUND);
-        EXPECT_TRUE(closed == ZE_DAT_OK || failed == "fclose" || failed == "close") << closed;
-        EXPECT_EQ(ZeDatCloseFile(opened), ZE_DAT_BAD_HANDLE);
-      });
-}
-
-TEST_F(ConfigFaultTest, DataCounts) {
-  int count = 0;
-  int counted = 0;
-  ZeDatRecord record;
-  ZeDatCounts counts;
-  EachFailure(
-      [&] {
-        WriteFile("data", "\"S\",\"\",\"\",\"\",\"\",0,0,0,\"\"\n");
-        record = {};
-        counts = {};
-      },
-      [&] {
-        count = ZeDatQueryCount("data", reinterpret_cast<char*>(&record), 2);
-        counted = ZeDatQueryCounts("data", &counts, 2);
-      },
-      [&](const std::string& failed) {
-        // A file that cannot be read ends there.
-        EXPECT_TRUE(count == 1 || count == 0 || count == ZE_DAT_OPEN_FAILED ||
-                    count == ZE_DAT_FAILED)
-            << count;
-        EXPECT_TRUE(counted == ZE_DAT_OK || counted == ZE_DAT_OPEN_FAILED ||
-                    counted == ZE_DAT_FAILED)
-            << counted;
-        const bool whole = count == 1 && counted == ZE_DAT_OK && counts.first[4] == 1;
-        EXPECT_TRUE(whole || !failed.empty());
-        EXPECT_EQ(ZeDatCloseFile(0), ZE_DAT_BAD_HANDLE);
-      });
-}
-
-TEST_F(ConfigFaultTest, DataListing) {
-  ZeDatFileInfo* list = nullptr;
-  std::uint16_t count = 0;
-  EachFailure(
-      [&] {
-        WriteFile("a.cfg", "#!A\n");
-        WriteFile("b.cfg", "#!B\n");
-        count = 999;
-      },
-      [&] { list = ZeDatQueryFiles("", 1, &count); },
-      [&](const std::string& failed) {
-        std::uint16_t listed = 0;
-        for (const ZeDatFileInfo* entry = list; entry != nullptr; entry = entry->next) ++listed;
-        EXPECT_EQ(count, listed);
-        EXPECT_TRUE(count == 2 || !failed.empty());
-        ZeDatQueryFilesFree(list);
       });
 }
 

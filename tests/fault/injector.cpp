@@ -85,6 +85,7 @@ FAULT_POINT(ssize_t, write, (int file, const void* data, std::size_t size), (fil
 FAULT_POINT(off_t, lseek, (int file, off_t offset, int origin), (file, offset, origin), EIO, -1)
 FAULT_POINT(int, fseek, (std::FILE * file, long offset, int origin), (file, offset, origin), EIO,
             -1)
+FAULT_POINT(int, ftruncate, (int file, off_t size), (file, size), EIO, -1)
 FAULT_POINT(int, access, (const char* path, int mode), (path, mode), EACCES, -1)
 FAULT_POINT(int, stat, (const char* path, struct stat* status), (path, status), EACCES, -1)
 FAULT_POINT(int, lstat, (const char* path, struct stat* status), (path, status), EACCES, -1)

@@ -124,7 +124,7 @@ TEST_F(PlatformFilesTest, KindsOfPaths) {
   WriteFile("file", "");
   fs::create_directory("folder");
   EXPECT_EQ(QueryPath("file"), PathKind::kRegularFile);
-  EXPECT_EQ(QueryPath("folder"), PathKind::kOther);
+  EXPECT_EQ(QueryPath("folder"), PathKind::kFolder);
   EXPECT_EQ(QueryPath("missing"), PathKind::kMissing);
   EXPECT_EQ(QueryPath(""), PathKind::kMissing);
 }

@@ -57,6 +57,34 @@ TEST_F(LocalTreeTest, FailureLeavesTheTreeUsable) {
   EXPECT_TRUE(fs::exists("c/file"));
 }
 
+TEST_F(LocalTreeTest, SparesTheFileThatItIsTold) {
+  WriteFile("file", "old");
+  WriteFile("empty", "");
+  const platform::FileHandle file = platform::HandleOpen("file", platform::FileAccess::kRead);
+  const platform::LocalTree sparing(file);
+  EXPECT_EQ(sparing.Create("file"), kNoFileHandle);
+  EXPECT_EQ(ReadFile("file"), "old");
+  const platform::FileHandle other = sparing.Create("empty");
+  EXPECT_NE(other, kNoFileHandle);
+  EXPECT_TRUE(platform::HandleClose(other));
+  EXPECT_TRUE(platform::HandleClose(file));
+}
+
+#ifdef _WIN32
+TEST_F(LocalTreeTest, HoldsTheFoldersThatItIsIn) {
+  ASSERT_TRUE(tree.Enter("a/b/"));
+  std::error_code error;
+  fs::rename("a/b", "a/c", error);
+  EXPECT_TRUE(error);
+  fs::rename("a", "c", error);
+  EXPECT_TRUE(error);
+  EXPECT_TRUE(Create("file"));
+  EXPECT_TRUE(tree.Enter(""));
+  fs::rename("a/b", "a/c", error);
+  EXPECT_FALSE(error);
+}
+#endif
+
 std::int64_t SecondsOf(const char* file) {
   const auto stamp = std::chrono::file_clock::to_sys(fs::last_write_time(file));
   return std::chrono::duration_cast<std::chrono::seconds>(stamp.time_since_epoch()).count();

@@ -32,6 +32,25 @@ TEST(FileProgressLine, IsAlwaysAsWide) {
 
 TEST(FileProgressLine, NamesCannotMoveTheCursor) {
   EXPECT_EQ(Start(FileProgressLine(0, 1, "a\rb\x1B")), "[                        ]   0% a?b?");
+  // The second set of controls, as characters and as single bytes.
+  EXPECT_EQ(Start(FileProgressLine(0, 1,
+                                   "a\xC2\x9B"
+                                   "b\xC2\x80"
+                                   "c\x9B\x85\x7F")),
+            "[                        ]   0% a?b?c???");
+  // Letters that have such bytes in them stay, and so do others that are no UTF-8.
+  EXPECT_EQ(Start(FileProgressLine(0, 1, "\xC3\x80\xE2\x82\xAC\xF0\x9F\x98\x80\xC2\xA0\xE9")),
+            "[                        ]   0% \xC3\x80\xE2\x82\xAC\xF0\x9F\x98\x80\xC2\xA0\xE9");
+  EXPECT_EQ(Start(FileProgressLine(0, 1, "\xE2\x82")), "[                        ]   0% \xE2?");
+}
+
+TEST(FileProgressLine, NamesAreCutBetweenCharacters) {
+  std::string name;
+  for (int i = 0; i < 100; ++i) name += "\xE2\x82\xAC";
+  const std::string line = FileProgressLine(0, 1, name);
+  std::string expected = "[                        ]   0% ";
+  for (int i = 0; i < 46; ++i) expected += i < 21 || i > 23 ? "\xE2\x82\xAC" : ".";
+  EXPECT_EQ(line, expected);
 }
 
 }  // namespace

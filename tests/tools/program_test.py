@@ -200,11 +200,26 @@ class Configuration(ProgramTest):
         self.assertEqual(self.answer("data", "count", "d.cfg", "S")["count"], 2)
         counts = self.answer("data", "count", "d.cfg")
         self.assertEqual((counts["first"]["S"], counts["second"]["SF"]), (2, 1))
+        listing = self.run_program("data", "count", "d.cfg").stdout.split("\n")
+        self.assertEqual(listing[0], "A 1")
+        self.assertEqual(listing[4:8], ["S 2", "T 0", "SA 0", "SF 1"])
+        self.assertEqual(listing[11:], ["ST 1", ""])
         files = self.answer("data", "files", ".", "--kind", "configuration")["files"]
         self.assertEqual(files, [{"path": ".\\d.cfg", "description": "Settings"}])
         self.run_program("data", "list", "none.cfg", exit_code=2)
-        self.write("bad.cfg", b"bad\n")
-        self.run_program("data", "list", "bad.cfg", exit_code=27)
+        self.write("bad.cfg", line % b"S" + b"bad\n")
+        for query in (["list"], ["count"]):
+            self.run_program("data", *query, "bad.cfg", exit_code=27)
+
+    def test_data_counts_beyond_16_bits(self):
+        line = b'"%s","","","","",0,0,0,""\n'
+        self.write("d.cfg", (line % b"S") * 40000 + (line % b"sa") * 25537 + line % b"T")
+        self.assertEqual(self.answer("data", "count", "d.cfg", "S")["count"], 40000)
+        counts = self.answer("data", "count", "d.cfg")
+        self.assertEqual((counts["first"]["S"], counts["second"]["SA"]), (65537, 25537))
+        self.assertEqual(self.answer("data", "count", "d.cfg", "T")["count"], 1)
+        self.assertEqual(self.answer("data", "count", "d.cfg", "X")["count"], 0)
+        self.run_program("data", "count", "none.cfg", "S", exit_code=2)
 
     def test_web_addresses(self):
         url = self.answer("url", "path", "drivers", "--printer", "0", "--language", "3")["url"]
@@ -337,6 +352,35 @@ class Archives(ProgramTest):
         self.write("bad.zip", b"no archive")
         done = self.run_program("archive", "extract", "bad.zip", exit_code=27)
         self.assertIn("zeapi: cannot extract bad.zip", done.stderr)
+
+    # Of the second of three files, so that the first is good and the third is never reached.
+    def damaged_archive(self):
+        self.archive("a.zip", {"one": b"1", "d/": b"", "two.txt": b"2", "three": b"3"})
+        data = bytearray(self.read("a.zip"))
+        local = data.index(b"two.txt") - 30
+        data[local + 14] ^= 1
+        self.write("a.zip", data)
+
+    def test_wrong_checksum_in_the_middle_is_a_failure(self):
+        self.damaged_archive()
+        for pattern, files in (("", "1 file of 3"), ("t*", "0 files of 2")):
+            done = self.run_program("archive", "extract", "a", pattern, exit_code=43)
+            self.assertEqual(done.stdout, "")
+            self.assertIn("zeapi: cannot extract a behind " + files + ": the file is damaged", done.stderr)
+        self.assertEqual(self.read("one"), b"1")
+        self.assertFalse(os.path.exists(os.path.join(self.folder, "three")))
+        end = self.answer("archive", "extract", "a.zip", "t*", exit_code=43)
+        self.assertEqual((end["event"], end["result"], end["files"]), ("end", 43, 0))
+        self.run_program("archive", "extract", "a.zip", "*e")
+
+    def test_members_that_are_passed_over_are_no_failure(self):
+        self.archive("a.zip", {"one": b"1", "two": b"2"})
+        data = bytearray(self.read("a.zip"))
+        data[data.index(b"PK\1\2") + 10] = 9
+        self.write("a.zip", data)
+        done = self.run_program("archive", "extract", "a.zip")
+        self.assertEqual(done.stdout, "Extracted 1 file from a.zip.\n")
+        self.assertIn("100% 1 file ", done.stderr)
 
 
 class Macros(ProgramTest):

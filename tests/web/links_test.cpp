@@ -65,8 +65,11 @@ TEST_F(WebUrlTest, InvalidArgumentsEmptyTheBuffer) {
   char untouched = '#';
   EXPECT_EQ(ZeWebGetURL(0, 1, 0, &untouched, 0, nullptr), ZE_INVALID_ARGUMENT);
   EXPECT_EQ(untouched, '#');
-  // The topic is looked at before the printer.
+  // The topic and the buffer are looked at before the printer.
   EXPECT_EQ(Get(2, 0, 0), ZE_INVALID_ARGUMENT);
+  EXPECT_EQ(ZeWebGetURL(2, 1, 0, &untouched, 0, nullptr), ZE_INVALID_ARGUMENT);
+  EXPECT_EQ(ZeWebGetURL(0, 0, 0, &untouched, 0, nullptr), ZE_INVALID_ARGUMENT);
+  EXPECT_EQ(untouched, '#');
 }
 
 TEST_F(WebUrlTest, BufferOfTheAddressAndItsTerminatorIsEnough) {
@@ -88,6 +91,29 @@ TEST_F(WebUrlTest, FileOverridesEachPart) {
   EXPECT_EQ(url, "http://other/down/load/de/laser");
   EXPECT_EQ(Get(0, 2, 3), ZE_OK);  // the last look-up alone makes the code
   EXPECT_EQ(url, kSite + "/NA/firmware/de/laser");
+}
+
+TEST_F(WebUrlTest, EveryTopicHasItsKeys) {
+  const char* keys[] = {"DRIVERS",      "FIRMWARE", "HOMEPAGE",    "QUORVIEW",
+                        "REGISTRATION", "SUPPLIES", "TECHSUPPORT", "PUBLICATIONS"};
+  std::string bases = "[AREA_PREFIX]\n";
+  std::string words = "[AREA]\n";
+  for (const std::string key : keys) {
+    bases += key + "=base of " + key + "\n";
+    words += key + "=word of " + key + "\n";
+  }
+  Open(bases + words);
+  for (int topic = 1; topic <= 8; ++topic) {
+    const std::string key = keys[topic - 1];
+    EXPECT_EQ(Get(-1, topic, 0), ZE_DEFAULT_USED);
+    EXPECT_EQ(url, "base of " + key + "/word of " + key + "/0");
+  }
+}
+
+TEST_F(WebUrlTest, LanguageBelowZeroHasItsKey) {
+  Open("[LANGUAGE]\n-1=none\n");
+  EXPECT_EQ(Get(-1, 1, -1), ZE_OK);
+  EXPECT_EQ(url, kSite + "/NA/drivers/none");
 }
 
 TEST_F(WebUrlTest, CodeIsThatOfTheLastLookUp) {
@@ -145,10 +171,12 @@ TEST_F(WebCgiUrlTest, PartsStandInTheirOrder) {
 }
 
 TEST_F(WebCgiUrlTest, KeepsTechSupportUnderTheNameSupport) {
-  EXPECT_EQ(Get(0, 0, 7, 0), ZE_OK);
-  EXPECT_NE(url.find("func=support&"), url.npos);
-  EXPECT_EQ(Get(0, 0, 8, 0), ZE_OK);
-  EXPECT_NE(url.find("func=publications&"), url.npos);
+  const char* words[] = {"drivers",      "firmware", "homepage", "quorview",
+                         "registration", "supplies", "support",  "publications"};
+  for (std::uint32_t topic = 1; topic <= 8; ++topic) {
+    EXPECT_EQ(Get(0, 0, topic, 0), ZE_OK);
+    EXPECT_NE(url.find("?func=" + std::string(words[topic - 1]) + "&"), url.npos) << url;
+  }
 }
 
 TEST_F(WebCgiUrlTest, NumbersBeyondThreeDigitsAreWrittenWhole) {
@@ -177,8 +205,8 @@ TEST_F(WebCgiUrlTest, UserLanguageIsWrittenInEightDigits) {
 
 TEST_F(WebCgiUrlTest, SystemGivesItsCode) {
   const std::pair<platform::SystemVersion, const char*> codes[] = {
-      {{0, 3, 10}, "1"}, {{1, 4, 90}, "1"}, {{2, 4, 0}, "2"},  {{2, 5, 0}, "3"}, {{2, 5, 1}, "5"},
-      {{2, 6, 0}, "3"},  {{2, 6, 3}, "5"},  {{2, 10, 0}, "3"}, {{3, 6, 1}, "2"}};
+      {{0, 3, 10}, "1"}, {{1, 4, 90}, "1"}, {{2, 4, 0}, "2"}, {{2, 3, 51}, "2"}, {{2, 5, 0}, "3"},
+      {{2, 5, 1}, "5"},  {{2, 6, 0}, "3"},  {{2, 6, 3}, "5"}, {{2, 10, 0}, "3"}, {{3, 6, 1}, "2"}};
   for (const auto& [system, code] : codes) {
     Host().system = system;
     EXPECT_EQ(Get(0, 0, 1, 0), ZE_OK);

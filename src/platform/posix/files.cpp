@@ -77,6 +77,7 @@ PathKind QueryPath(const char* path) {
   HostPath host;
   struct stat status;
   if (!ToHostPath(path, &host) || stat(host.text, &status) != 0) return PathKind::kMissing;
+  if (S_ISDIR(status.st_mode)) return PathKind::kFolder;
   return S_ISREG(status.st_mode) ? PathKind::kRegularFile : PathKind::kOther;
 }
 

@@ -4,6 +4,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "platform/posix/descriptors.h"
 #include "platform/posix/path.h"
 
 namespace zeapi::platform {
@@ -15,15 +16,6 @@ static_assert(static_cast<int>(FileAccess::kReadWrite) == O_RDWR);
 static_assert(static_cast<int>(SeekOrigin::kStart) == SEEK_SET);
 static_assert(static_cast<int>(SeekOrigin::kCurrent) == SEEK_CUR);
 static_assert(static_cast<int>(SeekOrigin::kEnd) == SEEK_END);
-
-// A program may run with its standard input closed. No file takes that place: 0 stands for no file at the
-// interface, and questions are read there.
-int AboveStandardStreams(int file) {
-  if (file < 0 || file > STDERR_FILENO) return file;
-  const int above = fcntl(file, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
-  close(file);
-  return above;
-}
 
 FileHandle OpenFile(const char* path, int flags) {
   HostPath host;

@@ -7,16 +7,34 @@
 #include <cerrno>
 #include <chrono>
 
+#include "platform/posix/descriptors.h"
+
 namespace zeapi::platform {
 namespace {
 
 constexpr int kFolderFlags = O_PATH | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC;
 
 int OpenFolder(int parent, const char* name) {
-  const int folder = openat(parent, name, kFolderFlags);
+  const int folder = AboveStandardStreams(openat(parent, name, kFolderFlags));
   if (folder >= 0 || errno != ENOENT) return folder;
-  if (mkdirat(parent, name, 0777) != 0) return -1;
-  return openat(parent, name, kFolderFlags);
+  // Somebody else may make it at the same time.
+  if (mkdirat(parent, name, 0777) != 0 && errno != EEXIST) return -1;
+  return AboveStandardStreams(openat(parent, name, kFolderFlags));
+}
+
+// True also when nobody can tell.
+bool IsFile(const struct stat& status, FileHandle file) {
+  struct stat other;
+  return fstat(file, &other) != 0 ||
+         (status.st_dev == other.st_dev && status.st_ino == other.st_ino);
+}
+
+// Empties a file that has just been opened.
+bool Empty(int file, FileHandle spared) {
+  struct stat status;
+  if (fstat(file, &status) != 0 || !S_ISREG(status.st_mode)) return false;
+  if (status.st_size == 0) return true;
+  return (spared == kNoFileHandle || !IsFile(status, spared)) && ftruncate(file, 0) == 0;
 }
 
 bool ToSeconds(std::uint16_t date, std::uint16_t time, time_t* seconds) {
@@ -64,14 +82,11 @@ bool LocalTree::Enter(const std::string& folder) {
 // Without waiting for the other end of a pipe that stands there.
 FileHandle LocalTree::Create(const std::string& name) const {
   const int folder = folder_ == kNoFileHandle ? AT_FDCWD : folder_;
-  const int file = openat(folder, name.c_str(),
-                          O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC, 0666);
-  struct stat status;
-  if (file >= 0 && (fstat(file, &status) != 0 || !S_ISREG(status.st_mode))) {
-    close(file);
-    return kNoFileHandle;
-  }
-  return file;
+  const int file = AboveStandardStreams(
+      openat(folder, name.c_str(), O_WRONLY | O_CREAT | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC, 0666));
+  if (file < 0 || Empty(file, spared_)) return file;
+  close(file);
+  return kNoFileHandle;
 }
 
 bool LocalTree::SetLastWrite(const std::string& name, std::uint16_t date,

@@ -1,22 +1,14 @@
 #include "platform/standard_input.h"
 
+#include <poll.h>
 #include <unistd.h>
-
-#include <cstdio>
-#include <cstring>
 
 namespace zeapi::platform {
 
-char StandardInputAnswer() {
-  if (isatty(STDIN_FILENO) != 0) return '\0';
-  char answer = '\0';
-  char part[80];
-  // A long line is taken whole, so that the next question gets the next one.
-  for (bool first = true; std::fgets(part, sizeof(part), stdin) != nullptr; first = false) {
-    if (first) answer = part[0];
-    if (std::strchr(part, '\n') != nullptr) break;
-  }
-  return answer == '\n' ? '\0' : answer;
+bool StandardInputByte(char* byte) {
+  pollfd input = {STDIN_FILENO, POLLIN, 0};
+  return isatty(STDIN_FILENO) == 0 && poll(&input, 1, 0) == 1 && (input.revents & POLLIN) != 0 &&
+         read(STDIN_FILENO, byte, 1) == 1;
 }
 
 }  // namespace zeapi::platform

@@ -38,7 +38,9 @@ bool PathReadable(const char* path) { return _access(path, kReadable) == 0; }
 PathKind QueryPath(const char* path) {
   struct _stat64 status;
   if (_stat64(path, &status) != 0) return PathKind::kMissing;
-  return (status.st_mode & _S_IFMT) == _S_IFREG ? PathKind::kRegularFile : PathKind::kOther;
+  const unsigned type = status.st_mode & _S_IFMT;
+  if (type == _S_IFDIR) return PathKind::kFolder;
+  return type == _S_IFREG ? PathKind::kRegularFile : PathKind::kOther;
 }
 
 bool SameFile(const char* a, const char* b) {

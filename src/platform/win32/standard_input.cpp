@@ -1,22 +1,22 @@
 #include "platform/standard_input.h"
 
-#include <io.h>
-
-#include <cstdio>
-#include <cstring>
+#include <windows.h>
 
 namespace zeapi::platform {
 
-char StandardInputAnswer() {
-  if (_isatty(_fileno(stdin)) != 0) return '\0';
-  char answer = '\0';
-  char part[80];
-  // A long line is taken whole, so that the next question gets the next one.
-  for (bool first = true; std::fgets(part, sizeof(part), stdin) != nullptr; first = false) {
-    if (first) answer = part[0];
-    if (std::strchr(part, '\n') != nullptr) break;
+bool StandardInputByte(char* byte) {
+  const HANDLE input = GetStdHandle(STD_INPUT_HANDLE);
+  DWORD count = 0;
+  switch (GetFileType(input)) {
+    case FILE_TYPE_DISK:
+      break;
+    case FILE_TYPE_PIPE:
+      if (!PeekNamedPipe(input, nullptr, 0, nullptr, &count, nullptr) || count == 0) return false;
+      break;
+    default:
+      return false;
   }
-  return answer == '\n' ? '\0' : answer;
+  return ReadFile(input, byte, 1, &count, nullptr) && count == 1;
 }
 
 }  // namespace zeapi::platform

@@ -4,7 +4,7 @@
 #include "files/regular_file.h"
 #include "support/bytes.h"
 #include "support/ini.h"
-#include "support/named_pipe.h"
+#include "support/posix/named_pipe.h"
 #include "support/qsf_image.h"
 
 namespace zeapi::testing {

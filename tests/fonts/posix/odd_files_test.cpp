@@ -5,7 +5,7 @@
 #include "output/ZeQue.h"
 #include "support/job.h"
 #include "support/metrics.h"
-#include "support/named_pipe.h"
+#include "support/posix/named_pipe.h"
 #include "support/soft_fonts.h"
 
 namespace zeapi::testing {

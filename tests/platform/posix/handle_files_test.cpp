@@ -1,28 +1,12 @@
 #include "platform/handle_files.h"
 
-#include <unistd.h>
-
+#include "platform/posix/closed_input.h"
 #include "support/scratch.h"
 
 namespace zeapi::testing {
 namespace {
 
 using namespace platform;
-
-// Daemons run with their standard streams closed.
-class ClosedInput {
- public:
-  ClosedInput() : kept_(dup(STDIN_FILENO)) { close(STDIN_FILENO); }
-  ~ClosedInput() {
-    dup2(kept_, STDIN_FILENO);
-    close(kept_);
-  }
-  ClosedInput(const ClosedInput&) = delete;
-  ClosedInput& operator=(const ClosedInput&) = delete;
-
- private:
-  int kept_;
-};
 
 class PosixHandleFilesTest : public ScratchTest {};
 

@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <memory>
 
+#include "archive_members.h"
 #include "commands.h"
 #include "file_progress.h"
 
@@ -43,6 +44,10 @@ std::uint32_t ZEAPI_CALL OnFile(const char* name, std::uint32_t compressedSize,
   return 0;
 }
 
+std::string Files(std::uint32_t count) {
+  return std::to_string(count) + (count == 1 ? " file" : " files");
+}
+
 Report Extract(const ExtractOptions& options, Session& session) {
   const std::string named = options.archive;
   std::uint32_t size = ZeFilQuerySize(named.c_str());
@@ -53,13 +58,20 @@ Report Extract(const ExtractOptions& options, Session& session) {
   report.command = "archive extract";
   report.result = ZeZipExplode(options.archive.c_str(), options.pattern.c_str(), OnFile);
   extractionInForce = nullptr;
+  const std::uint32_t expected =
+      report.result == ZE_OK ? CountFiles(options.archive, options.pattern) : 0;
+  // The library calls that a warning and so a success: a CRC or a method that only the member tells.
+  const bool endedEarly = extraction.files < expected;
+  if (endedEarly) report.result = ZE_BAD_CHECKSUM;
   if (extraction.showsBar && !session.WantsJson() && extraction.files > 0) {
     if (report.result == ZE_OK)
-      session.Err() << '\r' << FileProgressLine(1, 1, std::to_string(extraction.files) + " files");
+      session.Err() << '\r' << FileProgressLine(1, 1, Files(extraction.files));
     session.Err() << '\n';
   }
-  report.done = "Extracted " + std::to_string(extraction.files) + " files from " + named + ".";
+  report.done = "Extracted " + Files(extraction.files) + " from " + named + ".";
   report.cannot = "extract " + named;
+  if (endedEarly)
+    report.cannot += " behind " + Files(extraction.files) + " of " + std::to_string(expected);
   report.fields = {{"event", "end"},
                    {"archive", options.archive},
                    {"pattern", options.pattern},
@@ -79,7 +91,7 @@ void AddArchive(CLI::App& program, Session& session) {
       "a\n"
       "set, [!a-c] one outside it; letters outside sets match in either case. The first member "
       "that\n"
-      "is not perfect ends the extraction; what was extracted stays.\n"
+      "is not perfect ends the extraction and makes it a failure; what was extracted stays.\n"
       "JSON: a line for each file with \"event\" (\"file\"), \"name\", \"compressedSize\" and\n"
       "\"percentage\" of what was read from archives so far; then the answer with \"event\"\n"
       "(\"end\"), \"archive\", \"pattern\", \"files\".");

@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <cstring>
 #include <memory>
+#include <string_view>
 
 #include "choice.h"
 #include "commands.h"
@@ -34,6 +35,8 @@ std::uint32_t ResultOf(int code) {
   }
 }
 
+constexpr std::string_view kLetters = ZE_DAT_LETTERS;
+
 ZeDatRecord WithKey(const std::string& key) {
   ZeDatRecord record = {};
   std::copy_n(key.begin(), std::min(key.size(), sizeof(record.szKey)), record.szKey);
@@ -60,58 +63,110 @@ std::string ToText(const ZeDatRecord& record) {
          "): " + record.szCommand;
 }
 
-// Every record from the first match of the key on; `all` false stops at that one.
-Report Records(const DataOptions& options, bool all) {
-  Report report;
-  report.cannot = "read " + options.path;
+// Calls `use` with each record from the first match of the key on, until it says no or none is
+// left.
+template <typename Use>
+void ForEachRecord(const DataOptions& options, Report* report, Use use) {
   const int handle = ZeDatOpenFile(options.path.c_str(), 0, ZE_DAT_READ);
   if (handle < 0) {
-    report.result = ResultOf(handle);
-    return report;
+    report->result = ResultOf(handle);
+    return;
   }
   ZeDatRecord record = WithKey(options.key);
   int code = ZeDatGetFirstKey(handle, &record);
-  Json records = Json::array();
-  while (code == ZE_DAT_OK) {
-    report.done += (records.empty() ? "" : "\n") + ToText(record);
-    records.push_back(ToJson(record));
-    if (!all) break;
-    code = ZeDatGetNextKey(handle, &record);
-  }
+  while (code == ZE_DAT_OK && use(record)) code = ZeDatGetNextKey(handle, &record);
   ZeDatCloseFile(handle);
-  // An empty file lists as nothing.
-  const bool ended = code == ZE_DAT_END_OF_FILE || (all && code == ZE_DAT_NOT_FOUND);
-  report.result = ended ? static_cast<std::uint32_t>(ZE_OK) : ResultOf(code);
-  report.fields["records"] = records;
+  report->result = code == ZE_DAT_END_OF_FILE ? static_cast<std::uint32_t>(ZE_OK) : ResultOf(code);
+}
+
+// As above, where no match is no failure: an empty file lists as nothing.
+template <typename Use>
+void ForAnyRecord(const DataOptions& options, Report* report, Use use) {
+  ForEachRecord(options, report, use);
+  if (report->result == ZE_KEY_NOT_FOUND) report->result = ZE_OK;
+}
+
+void Add(const ZeDatRecord& record, Report* report) {
+  Json& records = report->fields["records"];
+  report->done += (records.empty() ? "" : "\n") + ToText(record);
+  records.push_back(ToJson(record));
+}
+
+Report Reading(const DataOptions& options) {
+  Report report;
+  report.cannot = "read " + options.path;
+  report.fields["records"] = Json::array();
   return report;
 }
 
-Report List(const DataOptions& options) { return Records(options, true); }
-Report Find(const DataOptions& options) { return Records(options, false); }
+Report List(const DataOptions& options) {
+  Report report = Reading(options);
+  ForAnyRecord(options, &report, [&](const ZeDatRecord& record) {
+    Add(record, &report);
+    return true;
+  });
+  return report;
+}
+
+Report Find(const DataOptions& options) {
+  Report report = Reading(options);
+  ForEachRecord(options, &report, [&](const ZeDatRecord& record) {
+    Add(record, &report);
+    return false;
+  });
+  return report;
+}
+
+// The run of records with a key. Like ZeDatQueryCount(), but with more than its 16 bits.
+Report CountKey(const DataOptions& options) {
+  Report report;
+  const std::string prefix = options.key.substr(0, sizeof(ZeDatRecord::szKey) - 1);
+  std::uint64_t count = 0;
+  ForAnyRecord(options, &report, [&](const ZeDatRecord& record) {
+    const bool matches = std::string_view(record.szKey).starts_with(prefix);
+    if (matches) ++count;
+    return matches;
+  });
+  report.done = std::to_string(count);
+  report.fields["count"] = count;
+  return report;
+}
+
+// Place of a letter among those that are counted, in either case.
+std::size_t PlaceOf(char letter) {
+  const char upper =
+      letter >= 'a' && letter <= 'z' ? static_cast<char>(letter - 'a' + 'A') : letter;
+  return kLetters.find(upper);
+}
+
+// Like ZeDatQueryCounts(), but with more than its 16 bits.
+Report CountLetters(const DataOptions& options) {
+  Report report;
+  std::uint64_t first[kLetters.size()] = {};
+  std::uint64_t second[kLetters.size()] = {};
+  ForAnyRecord(options, &report, [&](const ZeDatRecord& record) {
+    const std::size_t place = PlaceOf(record.szKey[0]);
+    if (place == std::string_view::npos) return true;
+    ++first[place];
+    const std::size_t next = PlaceOf(record.szKey[1]);
+    if (kLetters[place] == 'S' && next != std::string_view::npos) ++second[next];
+    return true;
+  });
+  std::string pairs;
+  for (std::size_t i = 0; i < kLetters.size(); ++i) {
+    const std::string letter(1, kLetters[i]);
+    report.done += letter + " " + std::to_string(first[i]) + "\n";
+    pairs += (pairs.empty() ? "S" : "\nS") + letter + " " + std::to_string(second[i]);
+    report.fields["first"][letter] = first[i];
+    report.fields["second"]["S" + letter] = second[i];
+  }
+  report.done += pairs;
+  return report;
+}
 
 Report Count(const DataOptions& options) {
-  Report report;
+  Report report = options.key.empty() ? CountLetters(options) : CountKey(options);
   report.cannot = "count the records of " + options.path;
-  if (!options.key.empty()) {
-    ZeDatRecord record = WithKey(options.key);
-    const int count =
-        ZeDatQueryCount(options.path.c_str(), reinterpret_cast<char*>(&record), ZE_DAT_READ);
-    report.result = ResultOf(std::min(count, 0));
-    report.done = std::to_string(count);
-    report.fields["count"] = count;
-    return report;
-  }
-  ZeDatCounts counts = {};
-  report.result = ResultOf(ZeDatQueryCounts(options.path.c_str(), &counts, ZE_DAT_READ));
-  for (std::size_t i = 0; i < std::size(counts.first); ++i) {
-    const std::string letter(1, "AFGPST"[i]);
-    report.done += letter + " " + std::to_string(counts.first[i]) + "\n";
-    report.fields["first"][letter] = counts.first[i];
-    report.fields["second"]["S" + letter] = counts.second[i];
-  }
-  for (const auto& [letters, count] : report.fields["second"].items()) {
-    report.done += letters + " " + count.dump() + (letters == "ST" ? "" : "\n");
-  }
   return report;
 }
 

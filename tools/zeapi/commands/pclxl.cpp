@@ -1,5 +1,5 @@
 // zeapi pclxl: what a PCL XL job says, and where its reader stops. The listing is no part of the
-// interface: this command alone links the library's own reader.
+// interface: this command links the library's own reader.
 #include <fstream>
 #include <memory>
 

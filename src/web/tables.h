@@ -5,25 +5,16 @@
 
 namespace zeapi {
 
-struct WebTopic {
-  const char* path;     // in paths
-  const char* section;  // its key in INI files
-  const char* query;    // in queries
-};
+// Words of the topics in addresses; INI files have them in upper case.
+inline constexpr const char* kWebTopics[] = {"drivers",     "firmware",     "homepage",
+                                             "quorview",    "registration", "supplies",
+                                             "techsupport", "publications"};
 
-inline constexpr WebTopic kWebTopics[] = {
-    {"drivers", "DRIVERS", "drivers"},
-    {"firmware", "FIRMWARE", "firmware"},
-    {"homepage", "HOMEPAGE", "homepage"},
-    {"quorview", "QUORVIEW", "quorview"},
-    {"registration", "REGISTRATION", "registration"},
-    {"supplies", "SUPPLIES", "supplies"},
-    {"techsupport", "TECHSUPPORT", "support"},
-    {"publications", "PUBLICATIONS", "publications"},
-};
+// The one word that is another in queries.
+inline constexpr char kTechSupportInQueries[] = "support";
 
-// Numbers of printers by the caller's code; 0: the code stands for no printer. From 26 on the code is
-// the number.
+// Numbers of printers by the caller's code; 0: the code stands for no printer. From 26 on the code
+// is the number.
 inline constexpr std::uint8_t kWebPrinters[26] = {8, 7, 0, 4, 9, 6,  3,  5,  4,  0,  1,  0,  0,
                                                   0, 0, 0, 0, 2, 11, 11, 20, 21, 22, 23, 24, 1};
 
