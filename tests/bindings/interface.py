@@ -63,6 +63,18 @@ def records():
     return {record: (int(size), fields[record]) for record, size in sizes.items()}
 
 
+def fields():
+    """{record: [(type, field, length of the array or "")]} of the header; pointers are "*"."""
+    field = r"^ +(?:const |struct )?(\w+\*?) (\w+)(?:\[(\d+)\])?;"
+    return {
+        record: [
+            ("*" if kind.endswith("*") else kind, name, length)
+            for kind, name, length in re.findall(field, body, re.M)
+        ]
+        for record, body in re.findall(r"typedef struct (\w+) \{(.*?)\n\}", _CODE, re.S)
+    }
+
+
 def record_names():
     """The records that the header defines."""
-    return set(re.findall(r"typedef struct (\w+) \{", _CODE))
+    return set(fields())

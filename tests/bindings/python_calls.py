@@ -13,48 +13,20 @@ import zipfile
 
 import interface
 import zeapi
+from inputs import (
+    SOFT_FONT,
+    container,
+    data_line,
+    integer,
+    metrics,
+    narrow,
+    option_item,
+    printer_record,
+    text,
+)
 
 EXIT = b"\x1b%-12345X"
 CLEAR = b'@PJL RDYMSG DISPLAY = ""\n'
-# ESC ")s", the length and a descriptor of 64 bytes: a 12-point bitmap of the symbol set 8U.
-SOFT_FONT = b"\x1b)s64W" + (
-    b"\0\x40\0\1\0" + bytes(8) + b"\0\x01\x15\0\x78\0\xc8" + bytes(4) + b"\3\x03\x10"
-).ljust(48, b"\0") + b"Courier".ljust(16, b"\0")
-
-
-def narrow(*numbers):
-    return b"".join(number.to_bytes(4, "little") for number in numbers)
-
-
-def metrics(face):
-    """Windows metrics of one font: the size at 2, where the face is at 105."""
-    font = bytearray(256)
-    font[1:6] = b"\1" + narrow(len(font))
-    font[105:109] = narrow(200)
-    font[200 : 200 + len(face)] = face
-    return bytes(font)
-
-
-def element(number, kind, body):
-    return bytes([number, kind]) + body
-
-
-def container(number, *children):
-    body = b"".join(children)
-    return element(number, 0, bytes([len(children)]) + len(body).to_bytes(2, "big") + body)
-
-
-def integer(number, value):
-    return element(number, 1, b"\4" + value.to_bytes(4, "big", signed=True))
-
-
-def text(number, value):
-    return element(number, 2, bytes([len(value)]) + value)
-
-
-def printer_record(*elements):
-    body = b"\0\1P{ID:1,DT:1}C{NE:1,LD:2}D{LD:1,DA:0}" + b"".join(elements)
-    return len(body).to_bytes(2, "big") + body
 
 
 class Calls(unittest.TestCase):
@@ -349,8 +321,7 @@ class Calls(unittest.TestCase):
     # Data files
 
     def test_data_files(self):
-        line = b'"%s","d%s","PCL","\\x1bE","%%d",1,2.5,0.5,"P"\n'
-        lines = b"".join(line % (key, key) for key in (b"A1", b"SA1", b"SA2"))
+        lines = b"".join(map(data_line, (b"A1", b"SA1", b"SA2")))
         self.write("data/a.cfg", b"#! First\n" + lines)
         records = list(self.library.data_records("data/a.cfg"))
         self.assertEqual([record.szKey for record in records], [b"A1", b"SA1", b"SA2"])
@@ -365,7 +336,7 @@ class Calls(unittest.TestCase):
             list(self.library.data_records("none"))
 
     def test_data_files_are_closed_again(self):
-        self.write("a", b'"A1","d","PCL","c","%d",1,2,3,"P"\n')
+        self.write("a", data_line(b"A1"))
         for _ in range(9):  # four places
             records = self.library.data_records("a")
             next(records)
@@ -419,10 +390,9 @@ class Calls(unittest.TestCase):
     # Printer records
 
     def test_options_of_a_printer(self):
-        item = container(7, integer(1, -2), integer(5, 15), text(6, b"tray"))
         values = container(3, *(container(9, integer(1, value)) for value in (5, -7)))
         group = container(1, text(1, b"a"), values)
-        record = printer_record(container(1, container(1, item), container(3, group)))
+        record = printer_record(container(1, container(1, option_item()), container(3, group)))
         items, groups = self.library.parse_options(record)
         self.assertEqual(items, [(-2, 15, "tray")])
         self.assertEqual(groups, [("a", None, [5, -7])])

@@ -13,6 +13,14 @@ SCALARS = {
     "int32_t": ctypes.c_int32,
     "int16_t": ctypes.c_int16,
 }
+FIELDS = {
+    "uint8_t": ctypes.c_uint8,
+    "uint16_t": ctypes.c_uint16,
+    "uint32_t": ctypes.c_uint32,
+    "int32_t": ctypes.c_int32,
+    "char": ctypes.c_char,
+    "double": ctypes.c_double,
+}
 TEXT = ctypes.c_char_p
 CALLBACKS = {name: getattr(zeapi, name) for name in interface.callbacks()}
 
@@ -115,6 +123,20 @@ class Declarations(unittest.TestCase):
                 if what == name or what.startswith(name + ".")
             }
             self.assertEqual(here, compiled)
+
+    def test_fields_have_the_types_of_the_header(self):
+        for name, stated in interface.fields().items():
+            fields = getattr(zeapi, name)._fields_
+            self.assertEqual(len(fields), len(stated), name)
+            for (field, kind), (words, stated_field, length) in zip(fields, stated):
+                with self.subTest(f"{name}.{field}"):
+                    self.assertEqual(field, stated_field)
+                    if words == "*":
+                        self.assertTrue(is_pointer(kind))
+                    elif length:
+                        self.assertIs(kind, FIELDS[words] * int(length))
+                    else:
+                        self.assertIs(kind, FIELDS[words])
 
     def test_every_failure_has_words(self):
         for code in [*zeapi.ZeResult, *zeapi.ZeDatCode]:
