@@ -84,8 +84,8 @@ std::uint64_t NameHash(std::string_view name, const HashKey& key) {
 }
 
 const HashKey& ProcessHashKey() {
-  static const HashKey key = RandomKey();
-  return key;
+  static const HashKey kKey = RandomKey();
+  return kKey;
 }
 
 }  // namespace zeapi

@@ -1,41 +1,20 @@
 #!/usr/bin/python3
-"""Jobs through the host's real spooler: library, spooler, print server, network printer.
-
-Under Wine the spooler is Wine's winspool, which hands jobs to CUPS; natively the library does so itself.
-The print server and the printer live as long as this script.
-"""
+"""Jobs through the host's real spooler."""
 
 import os
-import sys
 import unittest
 
-import job_case
 import jobs
 import real_fonts
+import spooler_case
 from job_case import WINE
 from jobs import PRINTER_WRITE_FAILED
-from listener import Listener
-from print_server import LARGEST_JOB, PrintServer, find_program
+from print_server import LARGEST_JOB
+from spooler_case import QUEUE
 
-SKIPPED = 77
-ARRIVAL_SECONDS = 30
-QUEUE = "zeapi_raw"
 PJL_PCL = (f"flags={jobs.PJL}", f"language={jobs.PCL}")
 
-server = None
-printer = None
-
-
-class SpoolerTest(job_case.JobCase):
-    def setUp(self):
-        super().setUp()
-        self.server, self.printer = server, printer
-        self.server.add_queue(QUEUE, self.printer.port)
-        self.addCleanup(self.server.remove_queue, QUEUE)
-
-    def call(self, *arguments, **environment):
-        return super().call(*arguments, **{"CUPS_SERVER": self.server.address, **environment})
-
+class SpoolerTest(spooler_case.SpoolerCase):
     def new_jobs(self, before):
         """The jobs that the server did not have before. Old ones go with their queues."""
         return [job for number, job in self.server.jobs().items() if number not in before]
@@ -45,7 +24,7 @@ class SpoolerTest(job_case.JobCase):
         job, before = self.printer.received, self.server.jobs()
         outcome = self.call(*arguments)
         self.assertEqual(outcome.results, [0])
-        self.assertEqual(self.printer.wait_for_job(job, ARRIVAL_SECONDS), b"".join(writes))
+        self.assertEqual(self.arrived(job), b"".join(writes))
         (new_job,) = self.new_jobs(before)
         self.assertEqual(new_job.name, job_name)
         if not WINE:
@@ -149,14 +128,5 @@ class SpoolerTest(job_case.JobCase):
         self.assert_arrives([b"text"], "Vantrel Job", "string", "$text", QUEUE)
 
 
-def main():
-    global server, printer
-    if find_program("cupsd") is None or find_program("lpadmin") is None:
-        print("not run: there is no print server here (packages cups and cups-client)")
-        sys.exit(1 if os.environ.get("CI") else SKIPPED)
-    with job_case.session() as folder, Listener(folder) as printer, PrintServer() as server:
-        job_case.run_tests()
-
-
 if __name__ == "__main__":
-    main()
+    spooler_case.main()

@@ -1,0 +1,85 @@
+#!/usr/bin/python3
+"""A C program that knows the public header only sets a printer up: panel, fonts, macro, demo, options,
+archive and web link, on a real queue."""
+
+import os
+import zipfile
+
+import jobs
+import spooler_case
+from spooler_case import QUEUE
+
+PANEL = b"[Format]\nStyle=2\n[Dialogs]\n1=Paper\n[Paper]\nNumCtrls=2\nDefaults=1A;5;2B;-3\n"
+LETTER = b"\x1bE\x1b&l0OLetterhead\r\n\x0c"
+DEMO = b"Welcome\r\n\x0c"
+ORDER = b"An order\n" * 1000
+EXIT = jobs.UNIVERSAL_EXIT
+FRAME_START = EXIT + jobs.ready(b"Set up") + jobs.ENTER_PCL
+FRAME_END = EXIT + jobs.CLEAR_DISPLAY + EXIT
+KEYS = b"\0\1P{ID:1,DT:1}C{NE:1,LD:2}D{LD:1,DA:0}"
+
+
+def target(device):
+    return EXIT + b"@PJL SET LDOWNLOADTARGET = " + device + b"\n"
+
+
+def font():
+    header = (64).to_bytes(2, "big") + b"\0\1" + bytes(10) + b"\x01\x15" + bytes(32)
+    return b"\x1b)s64W" + header + b"Courier".ljust(16) + bytes(range(256)) * 20
+
+
+def container(identifier, *children):
+    content = b"".join(children)
+    return bytes([identifier, 0, len(children)]) + len(content).to_bytes(2, "big") + content
+
+
+def option_record():
+    items = [container(7, b"\1\1\1" + bytes([number]), b"\6\2" + bytes([len(text)]) + text)
+             for number, text in ((11, b"tray"), (12, b"duplex"))]
+    body = KEYS + container(1, container(1, *items))
+    return len(body).to_bytes(2, "big") + body
+
+
+class SetupTest(spooler_case.SpoolerCase):
+    def setUp(self):
+        super().setUp()
+        self.store("opc007.cfg", PANEL)
+        self.store("letter.pcl", LETTER)
+        self.store("demo.pcl", DEMO)
+        self.store("options.bin", option_record())
+        os.mkdir(self.path("fonts"))
+        self.store("fonts/courier.sfp", font())
+        with zipfile.ZipFile(self.path("forms.zip"), "w", zipfile.ZIP_DEFLATED) as archive:
+            archive.writestr("forms/order.txt", ORDER)
+            archive.writestr("forms/logo.bin", bytes(1000))
+
+    def packed_sizes(self):
+        with zipfile.ZipFile(self.path("forms.zip")) as archive:
+            return [member.compress_size for member in archive.infolist()]
+
+    def test_sets_a_printer_up(self):
+        first = self.printer.received
+        outcome = self.call(QUEUE)
+        self.assertEqual([self.arrived(first + i) for i in range(3)], [
+            b"".join(jobs.font_job(b"Set up", jobs.ENTER_PCL, b"disk1", jobs.pcl_font(21, font()))),
+            FRAME_START + b"\x1b&f21y0X" + LETTER + b"\x1b&f1X\x1b&f21y10X" + FRAME_END,
+            FRAME_START + target(b"flash1")
+            + EXIT + b'@PJL LOPENFILE DEVICE=flash1 FILENAME="WELCOME.demo" ACCESS=WO\n'
+            + b'@PJL LWRITEFILE DEVICE=flash1 FILENAME="WELCOME.demo" START=0 \n'
+            + DEMO + b"@PJL END DATA\n"
+            + b'@PJL LCLOSEFILE DEVICE=flash1 FILENAME="WELCOME.demo"\n'
+            + target(b"ram") + FRAME_END])
+        order, logo = self.packed_sizes()
+        percentage = (200 * order + order + logo) // (2 * (order + logo))
+        self.assertEqual(outcome.output.decode().splitlines(), [
+            "control 26: 5", "control 43: -3",
+            "font fonts\\courier.sfp: Courier           [ 0.0 Pt.] (Roman-8) *TF:0",
+            "option 11: tray", "option 12: duplex",
+            f"file forms/order.txt: {order} bytes, {percentage} %",
+            "address http://support.example.com/NA/drivers/3/8"])
+        self.assertEqual(self.content("forms/order.txt"), ORDER)
+        self.assertFalse(os.path.exists(self.path("forms/logo.bin")))
+
+
+if __name__ == "__main__":
+    spooler_case.main()
