@@ -987,8 +987,14 @@ class Library:
                 progress(self._without_cartridge(font.contents) if font else None, percent)
 
             arguments = (directory, count, types, kinds, option, recurse)
-            with _callback(ZeFontProgress, progress and tell) as callback:
-                return self._value(name, *arguments, callback)
+            first = None
+            try:
+                with _callback(ZeFontProgress, progress and tell) as callback:
+                    first = self._value(name, *arguments, callback)
+                return first
+            except BaseException:
+                self._value("ZeFonFindFree", first)
+                raise
 
         return self._found("ZeFonFind2", search, directory, c_uint16(limit or _MOST), recurse)
 

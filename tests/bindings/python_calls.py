@@ -204,20 +204,27 @@ class Calls(unittest.TestCase):
         with self.fails("ZeFonFind2", zeapi.ZE_INVALID_ARGUMENT):
             list(self.library.find_fonts("fonts", types=99))
 
-    def test_what_a_progress_raises_is_raised(self):
+    def watch_releases(self):
+        """Tells for each list that is released whether there is one."""
+        released = []
+        free = self.library.ZeFonFindFree
+        self.library.ZeFonFindFree = lambda first: released.append(bool(first)) or free(first)
+        return released
+
+    def test_what_a_progress_raises_is_raised_and_the_list_released(self):
         self.write("fonts/a.pfm", metrics(b"Courier"))
+        released = self.watch_releases()
 
         def progress(*_):
             raise KeyError("stop")
 
         with self.assertRaisesRegex(KeyError, "stop"):
             list(self.library.find_fonts("fonts", progress=progress))
+        self.assertEqual(released, [True])
 
     def test_a_list_is_released_when_its_generator_is_closed(self):
         self.write("fonts/a.pfm", metrics(b"Courier"))
-        released = []
-        free = self.library.ZeFonFindFree
-        self.library.ZeFonFindFree = lambda first: released.append(bool(first)) or free(first)
+        released = self.watch_releases()
         found = self.library.find_fonts("fonts")
         info = next(found).info
         self.assertEqual(released, [])
