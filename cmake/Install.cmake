@@ -3,6 +3,8 @@
 set(ZEAPI_PACKAGE_FOLDER ${CMAKE_INSTALL_LIBDIR}/cmake/zeapi)
 
 install(FILES include/zeapi.h TYPE INCLUDE)
+install(FILES bindings/python/zeapi.py DESTINATION ${CMAKE_INSTALL_DATADIR}/zeapi/bindings/python)
+install(FILES bindings/csharp/Zeapi.cs DESTINATION ${CMAKE_INSTALL_DATADIR}/zeapi/bindings/csharp)
 install(TARGETS zeapi_shared EXPORT zeapiTargets)
 if(WIN32)
   install(FILES ${PROJECT_BINARY_DIR}/lib/ZEAPI1TD.def TYPE LIB)

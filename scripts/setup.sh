@@ -14,7 +14,7 @@ native=(g++ cmake ninja-build libcli11-dev nlohmann-json3-dev libcups2-dev)
 tools=(clang clang-tidy clang-format libclang-rt-14-dev llvm lld cppcheck gcovr googletest
   libbenchmark-dev python3 ghostscript zip unzip p7zip-full libarchive-tools cups cups-client
   locales pkg-config fonts-urw-base35 tex-gyre lmodern fontforge-nox fontconfig fonts-dejavu-core
-  zlib1g-dev libdeflate-dev doxygen groff-base)
+  zlib1g-dev libdeflate-dev doxygen groff-base dpkg-dev mono-mcs)
 cross=(g++-mingw-w64-i686-posix g++-mingw-w64-x86-64-posix)
 wine=(wine wine64 wine32:i386 libcups2:i386)
 
