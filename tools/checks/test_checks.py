@@ -6,6 +6,7 @@ import shutil
 import tempfile
 import unittest
 
+import cppcheck
 import documents
 import file_length
 import formatted
@@ -212,6 +213,13 @@ class Checks(unittest.TestCase):
         output = self.tidy_output("int First(const int* values) {\n"
                                   "  return values == nullptr ? *values : values[0];\n}\n")
         self.assertIn("clang-analyzer-core.NullDereference", output)
+
+    def test_cppcheck_looks_for_bugs(self):
+        self.write("include/zeapi.h", "")
+        self.write("src/base/a.cpp", "int Last() {\n  int values[2] = {1, 2};\n  return values[2];\n}\n")
+        self.refuses("cppcheck complains", cppcheck.check)
+        self.write("src/base/a.cpp", "int Last() {\n  int values[2] = {1, 2};\n  return values[1];\n}\n")
+        self.accepts(cppcheck.check)
 
     def test_tidy_looks_again_at_what_has_changed(self):
         self.assertEqual(self.tidy_output("int Count();\n"), "")
