@@ -4,19 +4,14 @@ file(REMOVE_RECURSE ${WORK})
 file(MAKE_DIRECTORY ${WORK})
 execute_process(
   COMMAND ${CPACK} --config ${BUILD}/CPackConfig.cmake -C ${CONFIG} -B ${WORK}/package
+          -D CPACK_PACKAGE_FILE_NAME=zeapi -D CPACK_DEBIAN_FILE_NAME=zeapi.deb
   OUTPUT_QUIET COMMAND_ERROR_IS_FATAL ANY)
-file(GLOB packages ${WORK}/package/*.deb ${WORK}/package/*.zip)
-list(LENGTH packages count)
-if(NOT count EQUAL 1)
-  message(FATAL_ERROR "one package was to be made, not ${count}: ${packages}")
-endif()
-
-if(packages MATCHES "\\.deb$")
-  execute_process(COMMAND dpkg-deb --extract ${packages} ${WORK}/unpacked COMMAND_ERROR_IS_FATAL ANY)
+if(EXISTS ${WORK}/package/zeapi.deb)
+  execute_process(
+    COMMAND dpkg-deb --extract ${WORK}/package/zeapi.deb ${WORK}/unpacked COMMAND_ERROR_IS_FATAL ANY)
   file(RENAME ${WORK}/unpacked/usr ${WORK}/moved)
 else()
-  file(ARCHIVE_EXTRACT INPUT ${packages} DESTINATION ${WORK}/unpacked)
-  cmake_path(GET packages STEM LAST_ONLY name)
-  file(RENAME ${WORK}/unpacked/${name} ${WORK}/moved)
+  file(ARCHIVE_EXTRACT INPUT ${WORK}/package/zeapi.zip DESTINATION ${WORK}/unpacked)
+  file(RENAME ${WORK}/unpacked/zeapi ${WORK}/moved)
 endif()
 file(REMOVE_RECURSE ${WORK}/package)
