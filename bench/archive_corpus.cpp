@@ -7,6 +7,7 @@
 #include <iterator>
 
 #include "archive/find_directory.h"
+#include "archive/zip_records.h"
 
 namespace zeapi::bench {
 namespace {
