@@ -1,33 +1,28 @@
 #!/usr/bin/env bash
-# Builds the DLL and its import libraries twice, from two copies of the sources in folders of different
-# names, and wants the same bytes.
-# Usage: reproducible.sh SOURCE TOOLCHAIN (a file of cmake/)
+# Builds the DLL and its import libraries once more, from a copy of the sources in a folder of another
+# name, and wants the bytes of the build that there is.
+# Usage: reproducible.sh SOURCE TOOLCHAIN BUILD (TOOLCHAIN is a file of cmake/)
 set -euo pipefail
-source=$1 toolchain=$2
+source=$1 toolchain=$2 first=$3
 
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 
-build() {  # build FOLDER
-  mkdir -p "$1/sources"
-  cp -R "$source/CMakeLists.txt" "$source/cmake" "$source/include" "$source/src" "$1/sources"
-  cmake -S "$1/sources" -B "$1/build" -G Ninja -DCMAKE_BUILD_TYPE=Release -DZEAPI_TOOLS=OFF \
-    -DCMAKE_TOOLCHAIN_FILE="$1/sources/cmake/$toolchain" >"$1/log" 2>&1 || fail "$1/log"
-  cmake --build "$1/build" --target zeapi_import_libraries >>"$1/log" 2>&1 || fail "$1/log"
-}
-
-fail() {  # fail LOG
-  tail -n 20 "$1"
+fail() {
+  tail -n 20 "$work/log"
   exit 1
 }
 
-first=$work/a second=$work/another-place/deeper
-build "$first"
-build "$second"
+second=$work/another-place/deeper
+mkdir -p "$second/sources"
+cp -R "$source/CMakeLists.txt" "$source/cmake" "$source/include" "$source/src" "$second/sources"
+cmake -S "$second/sources" -B "$second/build" -G Ninja -DCMAKE_BUILD_TYPE=Release -DZEAPI_TOOLS=OFF \
+  -DCMAKE_TOOLCHAIN_FILE="$second/sources/cmake/$toolchain" >"$work/log" 2>&1 || fail
+cmake --build "$second/build" --target zeapi_import_libraries >>"$work/log" 2>&1 || fail
 
 result=0
 for file in bin/ZEAPI1TD.dll lib/libZEAPI1TD.dll.a lib/ZEAPI1TD.lib lib/ZEAPI1TD.def; do
-  if ! cmp "$first/build/$file" "$second/build/$file"; then
+  if ! cmp "$first/$file" "$second/build/$file"; then
     echo "$file: two builds of the same sources differ; look for a time or a path in it"
     result=1
   fi
