@@ -13,6 +13,12 @@ using platform::kNoFileHandle;
 
 class LocalTreeTest : public ScratchTest {
  protected:
+  // Windows keeps folders that are held.
+  void TearDown() override {
+    EXPECT_TRUE(tree.Enter(""));
+    ScratchTest::TearDown();
+  }
+
   bool Create(const std::string& name, const std::string& content = "x") {
     const platform::FileHandle file = tree.Create(name);
     if (file == kNoFileHandle) return false;

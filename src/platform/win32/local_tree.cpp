@@ -70,7 +70,10 @@ bool LocalTree::Enter(const std::string& folder) {
        end = folder.find('/', end + 1)) {
     held_.reserve(held_.size() + 1);
     const FileHandle held = HoldFolder(folder.substr(0, end));
-    if (held == kNoFileHandle) return false;
+    if (held == kNoFileHandle) {
+      Leave();
+      return false;
+    }
     held_.push_back(held);
   }
   entered_ = folder;
