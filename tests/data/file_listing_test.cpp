@@ -87,7 +87,7 @@ TEST_F(FileListingTest, FileWhosePathDoesNotFitIsLeftOut) {
   std::string directory = folders;
   std::replace(directory.begin(), directory.end(), '/', '\\');  // 244 characters
   WriteFile(folders + "0123456789a.cfg", "#!fits\n");           // 259
-#ifndef _WIN32  // where there can be no such file
+#ifndef _WIN32                                                  // where there can be no such file
   WriteFile(folders + "0123456789ab.cfg", "#!too long\n");
 #endif
   EXPECT_EQ(List(directory.c_str(), 1), Strings{directory + "0123456789a.cfg: fits"});
