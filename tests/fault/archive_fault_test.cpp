@@ -34,11 +34,6 @@ class ArchiveFaultTest : public ArchiveTest {
     WriteFile(kArchive, archive.Bytes());
   }
 
-  static std::size_t OpenDescriptors() {
-    const fs::directory_iterator all("/proc/self/fd");
-    return static_cast<std::size_t>(std::distance(begin(all), end(all)));
-  }
-
   static std::uint32_t ZEAPI_CALL Ignore(const char*, std::uint32_t, std::uint32_t) { return 0; }
 
   void Clean() const {

@@ -3,35 +3,25 @@
 #include <gtest/gtest.h>
 
 #include <cstdio>
-#include <filesystem>
 #include <set>
 
 #include "fault/injector.h"
 
 namespace zeapi::testing {
-namespace {
-
-std::ptrdiff_t OpenFiles() {
-  const std::filesystem::directory_iterator all("/proc/self/fd");
-  return std::distance(begin(all), end(all));
-}
-
-}  // namespace
-
 void EachFailure(const std::function<void()>& prepare, const std::function<void()>& work,
                  const std::function<void(const std::string& failed)>& check) {
   std::set<std::string> functions;
   int failing = 0;
   for (bool failed = true; failed && !::testing::Test::HasFailure();) {
     prepare();
-    const std::ptrdiff_t before = OpenFiles();
+    const std::size_t before = OpenDescriptors();
     ArmFault(++failing);
     work();
     DisarmFault();
     const std::string function = FailedFunction();
     SCOPED_TRACE("failure " + std::to_string(failing) + ", of " + function);
     check(function);
-    EXPECT_EQ(OpenFiles(), before);
+    EXPECT_EQ(OpenDescriptors(), before);
     functions.insert(function);
     failed = !function.empty();
   }

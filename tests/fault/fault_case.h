@@ -3,7 +3,6 @@
 
 #include <filesystem>
 #include <functional>
-#include <iterator>
 #include <set>
 #include <string>
 
@@ -13,11 +12,6 @@
 namespace zeapi::testing {
 
 namespace fs = std::filesystem;
-
-inline std::size_t OpenDescriptors() {
-  const fs::directory_iterator all("/proc/self/fd");
-  return static_cast<std::size_t>(std::distance(begin(all), end(all)));
-}
 
 // One call to put under fire.
 struct Scenario {

@@ -9,6 +9,8 @@
 #include <cstdarg>
 #include <cstdio>
 #include <cstdlib>
+#include <filesystem>
+#include <iterator>
 #include <new>
 
 #include "support/outside_library.h"
@@ -43,6 +45,11 @@ void ArmFault(int failing) {
 void DisarmFault() { armed = false; }
 int CountedCalls() { return counted; }
 std::string FailedFunction() { return failed; }
+
+std::size_t OpenDescriptors() {
+  const std::filesystem::directory_iterator all("/proc/self/fd");
+  return static_cast<std::size_t>(std::distance(begin(all), end(all)));
+}
 
 }  // namespace zeapi::testing
 

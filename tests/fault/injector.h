@@ -1,6 +1,7 @@
 // Makes the nth call of a system function or allocation fail.
 #pragma once
 
+#include <cstddef>
 #include <string>
 
 namespace zeapi::testing {
@@ -17,5 +18,8 @@ int CountedCalls();
 
 // Name of the function that was made to fail; empty when the count did not get there.
 std::string FailedFunction();
+
+// Open files and folders of this process; not while a fault is armed.
+std::size_t OpenDescriptors();
 
 }  // namespace zeapi::testing

@@ -51,11 +51,6 @@ class PclXlFaultTest : public JobTest {
     EXPECT_EQ(functions["new"], 1);
   }
 
-  static std::size_t OpenDescriptors() {
-    const fs::directory_iterator all("/proc/self/fd");
-    return static_cast<std::size_t>(std::distance(begin(all), end(all)));
-  }
-
   // Number of the failure for the next call.
   static int armed;
   std::string body;
