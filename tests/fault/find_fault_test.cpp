@@ -52,17 +52,20 @@ TEST_F(FindFaultTest, Fonts) {
   PcmFile cartridge;
   cartridge.entries = {PfmFile{}.File()};
   WriteFile("fonts/cart.pcm", cartridge.File());
-  FailEachInTurn(kFonts, [] {
-    std::uint16_t count = 0;
-    ZeFoundFile* first = ZeFonFind2("fonts", &count, 26, 5, 0, 0, &Ignore);
-    const int nodes = Nodes(first);
-    EXPECT_EQ(nodes, count);
-    for (const ZeFoundFile* file = first; file != nullptr; file = file->next) {
-      EXPECT_NE(static_cast<const ZeFontInfo*>(file->info)->description[0], '\0');
-    }
-    ZeFonFindFree(first);
-    return nodes;
-  });
+  for (const bool told : {false, true}) {
+    FailEachInTurn(kFonts, [told] {
+      std::uint16_t count = 0;
+      ZeFoundFile* first = told ? TRIED(ZeFonFind2)("fonts", &count, 26, 5, 0, 0, &Ignore)
+                                : TRIED(ZeFonFind)("fonts", &count, 26, 5, 0, 0);
+      const int nodes = Nodes(first);
+      EXPECT_EQ(nodes, count);
+      for (const ZeFoundFile* file = first; file != nullptr; file = file->next) {
+        EXPECT_NE(static_cast<const ZeFontInfo*>(file->info)->description[0], '\0');
+      }
+      TRIED(ZeFonFindFree)(first);
+      return nodes;
+    });
+  }
 }
 
 TEST_F(FindFaultTest, OtherFiles) {
