@@ -6,6 +6,7 @@
 // Beside the text lie uni.sfp with its metrics, alone.afm without an INF, and more.
 
 #include <algorithm>
+#include <map>
 #include <set>
 #include <string>
 #include <vector>
@@ -63,22 +64,15 @@ struct Search {
 bool IsScalable(std::uint32_t format) { return format == 17 || format == 18 || format == 20; }
 
 bool Fits(std::uint32_t type, std::uint32_t format) {
-  switch (type) {
-    case 10:
-      return std::set{8U, 9U, 11U, 13U, 15U, 17U, 18U, 20U}.count(format) != 0;
-    case 12:
-      return format == 11 || format == 17;
-    case 14:
-      return format == 9 || format == 13 || format == 17;
-    case 16:
-      return format != 11 && Fits(10, format);
-    case 26:
-      return true;
-    case 27:
-      return Fits(16, format) || format == 25 || format == 28;
-    default:
-      return format == type;
-  }
+  static const std::map<std::uint32_t, std::set<std::uint32_t>> kGroups = {
+      {10, {8, 9, 11, 13, 15, 17, 18, 20}},
+      {12, {11, 17}},
+      {14, {9, 13, 17}},
+      {16, {8, 9, 13, 15, 17, 18, 20}},
+      {27, {8, 9, 13, 15, 17, 18, 20, 25, 28}}};
+  if (type == 26) return true;
+  const auto group = kGroups.find(type);
+  return group == kGroups.end() ? format == type : group->second.count(format) != 0;
 }
 
 // What the progress callback was told.
