@@ -1,7 +1,8 @@
-// Querying font files of every kind.
+// Querying font files of every kind, with metric files and without.
 //
 // Input: a line with the extension, a line with the query option, then the file. The companions
-// that a font may have are beside it: an INF with a menu name for metrics, the others of one byte.
+// that a font may have are beside it: an INF with a menu name for metrics, the others of one byte;
+// none when a 1 follows the option.
 
 #include <cctype>
 #include <cstring>
@@ -18,6 +19,11 @@ namespace {
 
 constexpr std::size_t kLongestExtension = 8;
 
+std::string Upper(std::string text) {
+  for (char& c : text) c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
+  return text;
+}
+
 template <std::size_t size>
 bool Ends(const char (&field)[size]) {
   return std::memchr(field, '\0', size) != nullptr;
@@ -31,23 +37,65 @@ void CheckCartridge(const ZeCartridge& cartridge) {
   }
 }
 
-void Query(const std::string& path, std::uint32_t option, std::size_t size) {
-  ZeFontInfo info;
-  std::memset(&info, 0xCC, sizeof(info));
-  const std::uint32_t code = ZeFonQueryInfo(path.c_str(), &info, option, 1);
+// What a query says, and whether that is well formed.
+std::uint32_t Query(const std::string& path, std::uint32_t option, bool includeMetricFiles,
+                    std::size_t size, ZeFontInfo* info) {
+  std::memset(info, 0xCC, sizeof(*info));
+  const std::uint32_t code = ZeFonQueryInfo(path.c_str(), info, option, includeMetricFiles ? 1 : 0);
   Check(code == ZE_OK || code == ZE_BAD_FORMAT || code == ZE_UNSUPPORTED ||
             code == ZE_INVALID_ARGUMENT,
         "a query gives one of its codes");
-  Check(Ends(info.description) && Ends(info.detail) && Ends(info.symbolSet) &&
-            Ends(info.companionFile) && Ends(info.metricsFile),
+  Check(Ends(info->description) && Ends(info->detail) && Ends(info->symbolSet) &&
+            Ends(info->companionFile) && Ends(info->metricsFile),
         "every text ends in its field");
   if (code == ZE_OK) {
-    Check(info.kind >= ZE_FONT_KIND_METRICS && info.kind <= ZE_FONT_KIND_TRUETYPE, "a kind");
-    Check(info.fileSize == size, "the size of the file");
+    const bool unread = option == 5 && info->kind == 0;  // an AFM without its INF
+    Check(unread == (info->description[0] == '\0') || info->format == ZE_FONT_TFM ||
+              info->format == ZE_FONT_HOST_TRUETYPE,
+          "a font is described");
+    Check(unread || (info->kind >= ZE_FONT_KIND_METRICS && info->kind <= ZE_FONT_KIND_TRUETYPE),
+          "a kind");
+    Check(info->fileSize == size, "the size of the file");
   }
-  if (info.cartridge != nullptr) CheckCartridge(*info.cartridge);
-  Check(code == ZE_OK || info.cartridge == nullptr, "a refused file has no cartridge");
-  FreeCartridge(info.cartridge);
+  if (info->cartridge != nullptr) CheckCartridge(*info->cartridge);
+  Check(code == ZE_OK || info->cartridge == nullptr, "a refused file has no cartridge");
+  FreeCartridge(info->cartridge);
+  info->cartridge = nullptr;
+  return code;
+}
+
+bool IsMetricFile(const std::string& extension) {
+  for (const char* metric : {"AFM", "FMF", "PFM", "PSM", "PBM", "PCM", "TFM"}) {
+    if (Upper(extension.substr(0, 3)) == metric) return true;
+  }
+  return false;
+}
+
+// With metric files and without them: they are refused unopened, and others do not notice.
+void QueryBothWays(const std::string& extension, std::uint32_t option, std::size_t size) {
+  const std::string path = "c:\\fonts\\font." + extension;
+  ZeFontInfo with;
+  ZeFontInfo without;
+  const std::uint32_t code = Query(path, option, true, size, &with);
+  const std::uint32_t codeWithout = Query(path, option, false, size, &without);
+  if (IsMetricFile(extension)) {
+    ZeFontInfo refused = {};
+    refused.flags = ZE_FONT_STANDARD;
+    refused.fileSize = static_cast<std::uint32_t>(size);
+    Check(codeWithout == ZE_BAD_FORMAT, "metric files are refused");
+    Check(std::memcmp(&without, &refused, sizeof(refused)) == 0, "a refused file is not looked at");
+  } else {
+    Check(codeWithout == code, "other files are queried alike");
+    Check(std::memcmp(&without, &with, sizeof(with)) == 0, "other files have one record");
+  }
+}
+
+void WriteCompanions(const std::filesystem::path& folder, const std::string& but) {
+  for (const std::string companion : {"AFM", "PFB", "PFM", "FMF", "DLF", "INF"}) {
+    if (companion == but) continue;
+    WriteWhole(folder / ("font." + companion),
+               companion == "INF" ? "MSMenuName (Menu)\nVPStyle (B)\n" : "x");
+  }
 }
 
 }  // namespace
@@ -63,22 +111,15 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   for (const char c : input.Line().substr(0, kLongestExtension)) {
     if (std::isalnum(static_cast<unsigned char>(c)) != 0) extension += c;
   }
-  const auto option = static_cast<std::uint32_t>(Numbers(input.Line()).Next());
+  Numbers numbers(input.Line());
+  const auto option = static_cast<std::uint32_t>(numbers.Next());
+  const bool alone = numbers.Next() == 1;
   std::filesystem::remove_all(folder);
   std::filesystem::create_directory(folder);
-  for (const char* companion : {"AFM", "PFB", "PFM", "FMF", "DLF"}) {
-    WriteWhole(folder / (std::string("font.") + companion), "x");
-  }
-  WriteWhole(folder / "font.INF", "MSMenuName (Menu)\nVPStyle (B)\n");
-  for (const auto& entry : std::filesystem::directory_iterator(folder)) {
-    std::string upper;
-    for (const char c : extension)
-      upper += static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
-    if (entry.path().extension() == "." + upper) std::filesystem::remove(entry.path());
-  }
+  if (!alone) WriteCompanions(folder, Upper(extension));
   WriteWhole(folder / ("font." + extension), input.Rest());
   const int open = OpenDescriptors();
-  Query("c:\\fonts\\font." + extension, option, input.Rest().size());
+  QueryBothWays(extension, option, input.Rest().size());
   Check(OpenDescriptors() == open, "every file is closed");
   return 0;
 }

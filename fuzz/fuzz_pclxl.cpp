@@ -45,6 +45,9 @@ void List(const std::string& job) {
   Check(static_cast<std::size_t>(listed.operatorCount) <= job.size(), "an operator is a byte");
   // One byte may make a row of its own or a long name, and attributes count once for each byte.
   Check(sink.size <= 200 + 200 * job.size(), "the listing is bounded by its input");
+  const XlListed quiet = XlListStream(file.get(), nullptr);
+  Check(quiet.walk == listed.walk, "a quiet walk ends as one that lists");
+  Check(quiet.operatorCount == listed.operatorCount, "and meets as many operators");
 }
 
 std::uint32_t Number32(std::string_view bytes, std::size_t at) {

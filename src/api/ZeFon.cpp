@@ -51,7 +51,6 @@ ZeFoundFile* ZEAPI_CALL ZeFonFind2(const char* directory, uint16_t* count, uint3
     FontSearch search = {{typeFilter, kindFilter}, queryOption, recurse != 0, progress};
     if (directory == nullptr || NameTooLong(directory)) return nullptr;
     if (count == nullptr || !search.filter.IsValid()) return nullptr;
-    if (progress != nullptr) search.filesTotal = CountFiles(directory, search.recurse);
     return FindFonts(directory, &search, count).release();
   });
 }

@@ -165,12 +165,7 @@ void FolderSearch::Report(const ZeFontInfo* font) const {
   search_->progress(font, static_cast<std::uint32_t>(percent));
 }
 
-}  // namespace
-
-FoundFiles FindFonts(const char* folder, FontSearch* search, std::uint16_t* count) {
-  return FolderSearch(folder, search, count).Run();
-}
-
+// The files of a folder, and with `recurse` of the folders within.
 // NOLINTNEXTLINE(misc-no-recursion): the length of a path bounds the depth
 std::uint32_t CountFiles(const char* folder, bool recurse) {
   std::uint32_t count = 0;
@@ -183,6 +178,18 @@ std::uint32_t CountFiles(const char* folder, bool recurse) {
     }
   }
   return count;
+}
+
+}  // namespace
+
+FoundFiles FindFonts(const char* folder, FontSearch* search, std::uint16_t* count) {
+  try {
+    if (search->progress != nullptr) search->filesTotal = CountFiles(folder, search->recurse);
+  } catch (const std::bad_alloc&) {  // the search ends before its first file
+    *count = 0;
+    return nullptr;
+  }
+  return FolderSearch(folder, search, count).Run();
 }
 
 }  // namespace zeapi

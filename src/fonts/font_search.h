@@ -22,10 +22,8 @@ struct FontSearch {
 // valid. `*count` says how many fonts are wanted at most (0: 32767) and is told how many were
 // listed. With `recurse` the folders within are searched as well, but what is found there is not
 // listed: each such search takes the count as its limit, begins it anew and leaves it for the rest
-// of the outer search. A lack of memory ends the search with what was listed so far.
+// of the outer search. With a progress callback the files are counted beforehand. A lack of memory
+// ends the search with what was listed so far.
 FoundFiles FindFonts(const char* folder, FontSearch* search, std::uint16_t* count);
-
-// The files of a folder, and with `recurse` of the folders within.
-std::uint32_t CountFiles(const char* folder, bool recurse);
 
 }  // namespace zeapi

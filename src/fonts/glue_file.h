@@ -41,7 +41,7 @@ class GlueLines {
 // Gives the entries of one file: its cartridges, then its fonts, both in the order of the file.
 class GlueFile {
  public:
-  // A file that cannot be read, or that is larger than 4 MB, has no entries.
+  // A file that cannot be read, or that is larger than 256 KiB, has no entries.
   explicit GlueFile(const char* path);
   GlueFile(const GlueFile&) = delete;
   GlueFile& operator=(const GlueFile&) = delete;

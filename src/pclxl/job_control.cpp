@@ -69,11 +69,20 @@ std::size_t CountBefore(std::uint8_t byte, std::span<const std::uint8_t> bytes) 
   return static_cast<std::size_t>(static_cast<const std::uint8_t*>(found) - bytes.data());
 }
 
+// How many bytes stand before the first `start` that `next` follows, or nothing at hand.
+std::size_t CountBefore(std::uint8_t start, std::uint8_t next,
+                        std::span<const std::uint8_t> bytes) {
+  std::size_t count = CountBefore(start, bytes);
+  while (count + 1 < bytes.size() && bytes[count + 1] != next)
+    count += 1 + CountBefore(start, bytes.subspan(count + 1));
+  return count;
+}
+
 // Copies what is at hand up to the next byte that may begin job control.
 void CopyPlainBytes(filter::ByteReader* reader, filter::ByteWriter* writer) {
   const std::span<const std::uint8_t> bytes = reader->AtHand();
-  std::size_t count = CountBefore('@', bytes);
-  count = CountBefore(kEscape, bytes.first(count));
+  std::size_t count = CountBefore('@', 'P', bytes);
+  count = CountBefore(kEscape, '%', bytes.first(count));
   const auto plain = bytes.first(count);
   writer->Write(plain);
   reader->Skip(plain.size());

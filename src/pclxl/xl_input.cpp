@@ -8,13 +8,16 @@ namespace zeapi {
 
 bool XlInput::Refill() {
   if (failed_) return false;
-  base_ += fill_;
-  next_ = 0;
-  fill_ = std::fread(buffer_.data(), 1, buffer_.size(), file_);
+  const std::size_t kept = std::min(fill_, kBlock);
+  std::memmove(buffer_.data(), buffer_.data() + (fill_ - kept), kept);
+  base_ += fill_ - kept;
+  next_ = kept;
+  const std::size_t count = std::fread(buffer_.data() + kept, 1, kBlock, file_);
+  fill_ = kept + count;
   // Nothing, and not the end: a failure, even of a stream that does not say so.
-  if (fill_ == 0 && std::feof(file_) == 0) failed_ = true;
+  if (count == 0 && std::feof(file_) == 0) failed_ = true;
   if (std::ferror(file_) != 0) failed_ = true;
-  return fill_ != 0;
+  return count != 0;
 }
 
 std::size_t XlInput::ReadPieces(std::span<std::uint8_t> bytes) {

@@ -32,6 +32,11 @@ class XlInput {
     return bytes.size();
   }
 
+  // What lies in memory to be read next; Skip() passes over some of it.
+  std::span<const std::uint8_t> AtHand() const {
+    return std::span(buffer_).subspan(next_, fill_ - next_);
+  }
+
   // Gives back the byte that Read() returned last. Once.
   void PushBack() { --next_; }
 
@@ -61,7 +66,9 @@ class XlInput {
   std::size_t next_ = 0;
   std::size_t fill_ = 0;
   bool failed_ = false;
-  std::array<std::uint8_t, 4096> buffer_;
+  // What was read last, so that going back a little needs no file, and before it what is kept.
+  static constexpr std::size_t kBlock = 4096;
+  std::array<std::uint8_t, 2 * kBlock> buffer_;
 };
 
 }  // namespace zeapi

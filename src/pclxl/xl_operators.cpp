@@ -99,49 +99,51 @@ constexpr Operator kOperators[] = {
     {0xB9, kPage, "ScanLineRel"},
 };
 
-struct Tag {
-  XlClass kind = XlClass::kIllegal;
-  const char* name = nullptr;
-  int places = kNowhere;
-};
-
-constexpr void Fill(std::array<Tag, 256>& tags, unsigned first, unsigned last, XlClass kind) {
-  for (unsigned code = first; code <= last; ++code) tags[code].kind = kind;
+constexpr void Fill(std::array<XlByteFacts, 256>& bytes, unsigned first, unsigned last,
+                    XlClass kind) {
+  for (unsigned code = first; code <= last; ++code) bytes[code].kind = kind;
 }
 
-constexpr std::array<Tag, 256> MakeTags() {
-  std::array<Tag, 256> tags{};
-  Fill(tags, 0x00, 0x00, XlClass::kWhiteSpace);
-  Fill(tags, 0x09, 0x0D, XlClass::kWhiteSpace);
-  Fill(tags, 0x20, 0x20, XlClass::kWhiteSpace);
-  Fill(tags, 0x27, 0x29, XlClass::kRejected);  // header characters
-  for (const Operator& entry : kOperators)
-    tags[entry.code] = {XlClass::kOperator, entry.name, entry.places};
-  for (const unsigned shape : {0xC0U, 0xD0U, 0xE0U}) Fill(tags, shape, shape + 5, XlClass::kValue);
-  Fill(tags, 0xC8, 0xCD, XlClass::kArray);
-  Fill(tags, 0xD8, 0xDD, XlClass::kRejected);  // xy arrays
-  Fill(tags, 0xE8, 0xED, XlClass::kRejected);  // box arrays
-  Fill(tags, 0xF8, 0xF8, XlClass::kAttributeId);
-  Fill(tags, 0xF9, 0xF9, XlClass::kRejected);  // two-byte identifier
-  for (const unsigned data : {0xFAU, 0xFBU})
-    tags[data] = {XlClass::kEmbeddedData, nullptr, kSession | kPage};
-  return tags;
+constexpr void FillValues(std::array<XlByteFacts, 256>& bytes, unsigned first) {
+  for (unsigned code = first; code <= first + 5; ++code) {
+    const auto type = static_cast<std::uint8_t>(code);
+    bytes[code].kind = XlClass::kValue;
+    bytes[code].size = static_cast<std::uint8_t>(1 + XlElementCount(type) * XlElementWidth(type));
+  }
 }
 
-constexpr std::array<Tag, 256> kTags = MakeTags();
-
-constexpr std::array<XlClass, 256> MakeClasses() {
-  std::array<XlClass, 256> classes{};
-  for (std::size_t code = 0; code < classes.size(); ++code) classes[code] = kTags[code].kind;
-  return classes;
+constexpr std::array<XlByteFacts, 256> MakeBytes() {
+  std::array<XlByteFacts, 256> bytes{};
+  Fill(bytes, 0x00, 0x00, XlClass::kWhiteSpace);
+  Fill(bytes, 0x09, 0x0D, XlClass::kWhiteSpace);
+  Fill(bytes, 0x20, 0x20, XlClass::kWhiteSpace);
+  Fill(bytes, 0x27, 0x29, XlClass::kRejected);  // header characters
+  for (const Operator& entry : kOperators) {
+    bytes[entry.code] = {XlClass::kOperator, 1, (entry.places & kSession) != 0,
+                         (entry.places & kPage) != 0};
+  }
+  for (const unsigned shape : {0xC0U, 0xD0U, 0xE0U}) FillValues(bytes, shape);
+  Fill(bytes, 0xC8, 0xCD, XlClass::kArray);
+  Fill(bytes, 0xD8, 0xDD, XlClass::kRejected);  // xy arrays
+  Fill(bytes, 0xE8, 0xED, XlClass::kRejected);  // box arrays
+  bytes[0xF8] = {XlClass::kAttributeId, 2, false, false};
+  Fill(bytes, 0xF9, 0xF9, XlClass::kRejected);  // two-byte identifier
+  for (const unsigned data : {0xFAU, 0xFBU}) bytes[data] = {XlClass::kEmbeddedData, 1, true, true};
+  return bytes;
 }
+
+constexpr std::array<const char*, 256> MakeNames() {
+  std::array<const char*, 256> names{};
+  for (const Operator& entry : kOperators) names[entry.code] = entry.name;
+  return names;
+}
+
+constexpr std::array<const char*, 256> kNames = MakeNames();
 
 }  // namespace
 
-constexpr std::array<XlClass, 256> kXlClasses = MakeClasses();
+constexpr std::array<XlByteFacts, 256> kXlBytes = MakeBytes();
 
-const char* XlOperatorName(std::uint8_t code) { return kTags[code].name; }
-bool XlAllowedInSession(std::uint8_t tag) { return (kTags[tag].places & kSession) != 0; }
-bool XlAllowedInPage(std::uint8_t tag) { return (kTags[tag].places & kPage) != 0; }
+const char* XlOperatorName(std::uint8_t code) { return kNames[code]; }
 
 }  // namespace zeapi

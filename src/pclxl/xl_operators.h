@@ -33,16 +33,24 @@ enum class XlClass : std::uint8_t {
   kEmbeddedData,
 };
 
-extern const std::array<XlClass, 256> kXlClasses;
+// The reader asks for every byte of a page: one look tells all.
+struct XlByteFacts {
+  XlClass kind = XlClass::kIllegal;
+  std::uint8_t size = 1;   // of the token: 1, of values and identifiers what follows too
+  bool inSession = false;  // of an operator or embedded data: may stand outside a page
+  bool inPage = false;     // and in a page
+};
 
-inline XlClass XlClassOf(std::uint8_t byte) { return kXlClasses[byte]; }
+extern const std::array<XlByteFacts, 256> kXlBytes;
+
+inline XlClass XlClassOf(std::uint8_t byte) { return kXlBytes[byte].kind; }
+
+// Whether an operator or embedded data may stand in the session outside a page, or in a page.
+inline bool XlAllowedInSession(std::uint8_t tag) { return kXlBytes[tag].inSession; }
+inline bool XlAllowedInPage(std::uint8_t tag) { return kXlBytes[tag].inPage; }
 
 // The operator's name; null for any other byte.
 const char* XlOperatorName(std::uint8_t code);
-
-// Whether an operator or embedded data may stand in the session outside a page, or in a page.
-bool XlAllowedInSession(std::uint8_t tag);
-bool XlAllowedInPage(std::uint8_t tag);
 
 // Shapes of a value: how many elements it has (1, an xy pair 2, a box 4), and how many bytes one of
 // them. Of data type tags.

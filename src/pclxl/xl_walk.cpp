@@ -1,7 +1,9 @@
 #include "pclxl/xl_walk.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
+#include <span>
 
 #include "pclxl/page_body.h"
 #include "pclxl/xl_listing.h"
@@ -25,7 +27,7 @@ XlResult RefusalInPage(std::uint8_t tag) {
 }
 
 // Extents follow each other without a gap, so small ones are handed on together.
-constexpr std::uint64_t kHandedOn = 512;
+constexpr std::size_t kHandedOn = 2048;
 
 // Hands what the input holds from `begin` to `end` to the page body and goes back to where the
 // input was.
@@ -36,6 +38,35 @@ XlResult Gather(std::uint64_t begin, std::uint64_t end, XlReaderState* state) {
   const XlResult result = state->pageBody->Append(begin, state->input);
   if (result != kXlOk) return result;
   return state->input->SetPosition(position) ? kXlOk : kXlFile;
+}
+
+// Passes over operators that lie in memory as a whole, have no arrays and may stand in the page, up
+// to what is handed on together: when nothing is listed nobody asks for their attributes.
+void PassOperators(XlReaderState* state) {
+  if (state->attributeCount != 0) return;  // embedded data leaves them for the next operator
+  const std::span<const std::uint8_t> atHand = state->input->AtHand();
+  const auto bytes = atHand.first(std::min(atHand.size(), kHandedOn));
+  std::size_t passed = 0;
+  std::int32_t attributes = 0;
+  for (std::size_t next = 0; next < bytes.size();) {
+    const std::uint8_t byte = bytes[next];
+    const XlByteFacts facts = kXlBytes[byte];
+    if (facts.kind == XlClass::kOperator) {
+      if (byte == kXlEndPage || RefusalInPage(byte) != kXlOk) break;
+      passed = ++next;
+      attributes = 0;
+      state->currentTag = byte;
+      ++state->operatorCount;
+    } else if (facts.kind == XlClass::kAttributeId) {
+      if (++attributes > kXlMostAttributes) break;
+      next += facts.size;
+    } else if (facts.kind == XlClass::kValue || facts.kind == XlClass::kWhiteSpace) {
+      next += facts.size;
+    } else {
+      break;
+    }
+  }
+  state->input->Skip(passed);
 }
 
 XlResult WalkOperator(XlReaderState* state) {
@@ -50,6 +81,7 @@ XlResult WalkOperator(XlReaderState* state) {
 XlResult WalkPage(XlReaderState* state) {
   std::uint64_t begin = state->input->Position();
   for (;;) {
+    if (state->listing == nullptr) PassOperators(state);
     const std::uint64_t end = state->input->Position();
     const XlResult walked = WalkOperator(state);
     const bool ended = walked != kXlOk || state->currentTag == kXlEndPage;

@@ -1,7 +1,9 @@
 // A search for fonts under every failure of the system and of memory, one at a time. It has no
 // code to report: whatever fails, the list is as long as the count, holds whole records only and
-// can be released, nothing stays open, and the next search finds everything.
+// can be released, nothing stays open, and the next search finds everything. The process ends with
+// no block left: the sanitizers tell of a node that a search has lost.
 #include <filesystem>
+#include <set>
 
 #include "fault/each_failure.h"
 #include "files/find_files.h"
@@ -15,6 +17,11 @@ namespace fs = std::filesystem;
 constexpr int kFonts = 4;
 
 void ZEAPI_CALL Ignore(const ZeFontInfo*, std::uint32_t) {}
+
+int fontsTold;
+void ZEAPI_CALL CountFonts(const ZeFontInfo* font, std::uint32_t) {
+  if (font != nullptr) ++fontsTold;
+}
 
 class FindFaultTest : public ScratchTest {
  protected:
@@ -66,6 +73,104 @@ TEST_F(FindFaultTest, Fonts) {
       return nodes;
     });
   }
+}
+
+// --- Memory that ends midway
+
+class FindMemoryTest : public ScratchTest {
+ protected:
+  static constexpr int kMost = 20;  // fonts wanted, more than there are
+
+  void SetUp() override {
+    ScratchTest::SetUp();
+    fs::create_directories("fonts/m");
+  }
+  static void WriteFonts(std::initializer_list<const char*> names) {
+    for (const char* name : names) WriteFile(fs::path("fonts") / (std::string(name) + ".ttf"), "x");
+  }
+
+  // Fails each allocation of a search in turn. `check` gets the list, the one found last first, and
+  // the count.
+  using Names = std::vector<std::string>;
+  static void FailEachAllocation(bool recurse,
+                                 const std::function<void(const Names&, int count)>& check) {
+    const std::set<std::string> memory = {"new", "malloc", "calloc"};
+    ZeFoundFile* first = nullptr;
+    std::uint16_t count = 0;
+    int tries = 0;
+    EachFailure(
+        [&] {
+          count = kMost;
+          fontsTold = 0;
+        },
+        [&] { first = TRIED(ZeFonFind2)("fonts", &count, 26, 5, 0, recurse ? 1 : 0, &CountFonts); },
+        [&](const std::string& failed) {
+          Names names;
+          for (const ZeFoundFile* file = first; file != nullptr; file = file->next) {
+            names.push_back(fs::path(std::string(file->path).substr(6)).stem().string());
+          }
+          ZeFonFindFree(first);
+          if (memory.count(failed) == 0) return;
+          ++tries;
+          check(names, count);
+        });
+    EXPECT_GT(tries, 10);
+  }
+};
+
+TEST_F(FindMemoryTest, FontsFoundBeforeAreKept) {
+  WriteFonts({"a", "b", "c", "d"});
+  std::set<std::size_t> lengths;
+  FailEachAllocation(false, [&](const Names& names, int count) {
+    const Names all = {"d", "c", "b", "a"};
+    EXPECT_EQ(names, Names(all.end() - static_cast<std::ptrdiff_t>(names.size()), all.end()));
+    EXPECT_EQ(count, static_cast<int>(names.size()));
+    // A font is told just before its node is made.
+    const int told = fontsTold;
+    EXPECT_TRUE(told == count || told == count + 1) << told << " told, " << count << " listed";
+    lengths.insert(names.size());
+  });
+  EXPECT_EQ(lengths, (std::set<std::size_t>{0, 1, 2, 3, 4}));
+}
+
+// What was found within is dropped, never lost, and what the folder itself holds is kept.
+TEST_F(FindMemoryTest, FontsFoundAroundAFolderWithinAreKept) {
+  WriteFonts({"a", "b", "m/1", "m/2", "z"});
+  std::set<Names> lists;
+  FailEachAllocation(true, [&](const Names& names, int count) {
+    lists.insert(names);
+    EXPECT_LE(count, 3) << "2 within, and 1 after them";
+  });
+  EXPECT_EQ(lists, (std::set<Names>{{}, {"a"}, {"b", "a"}, {"z", "b", "a"}}));
+}
+
+// Before, the count was still the number of fonts wanted.
+TEST_F(FindMemoryTest, NothingIsCountedWhenMemoryEndsInTheCountOfTheFiles) {
+  WriteFonts({"a"});
+  int empty = 0;
+  FailEachAllocation(false, [&](const Names& names, int count) {
+    if (!names.empty()) return;
+    ++empty;
+    EXPECT_EQ(count, 0);
+  });
+  EXPECT_GT(empty, 1);
+}
+
+// The other searches have no list to give then; the count stays as it stood.
+TEST_F(FindMemoryTest, DemosFoundBeforeAreLostWithTheNodeThatCannotBeHad) {
+  WriteFonts({"a", "b", "c"});
+  ZeFoundFile* first = nullptr;
+  std::int16_t count = 0;
+  std::vector<int> counts;
+  EachFailure([&] { count = kMost; }, [&] { first = TRIED(ZeDemFind)("fonts", &count, 0, 0); },
+              [&](const std::string& failed) {
+                if (failed == "calloc") {
+                  EXPECT_EQ(first, nullptr);
+                  counts.push_back(count);
+                }
+                ZeFonFindFree(first);
+              });
+  EXPECT_EQ(counts, (std::vector<int>{0, 1, 2}));
 }
 
 TEST_F(FindFaultTest, OtherFiles) {

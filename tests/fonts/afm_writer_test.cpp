@@ -227,6 +227,30 @@ TEST_F(AfmWriterTest, WithoutAnExtentTableAllAreAsWideAsTheAverage) {
   EXPECT_EQ(Characters(AfmOf(font)), "StartCharMetrics 2\nC  65 ; WX  600 ;\nC  66 ; WX  600 ;\n");
 }
 
+TEST_F(AfmWriterTest, WidthsOfNothing) {
+  PostScriptPfm font;
+  font.charSet = 2;  // an encoding of its own: only what has a width has a line
+  EXPECT_EQ(Characters(AfmOf(font)), "StartCharMetrics 224\n");
+  font.charSet = 0;
+  font.first = 65;
+  font.last = 66;
+  EXPECT_EQ(Characters(AfmOf(font)),
+            "StartCharMetrics 2\nC  65 ; WX  0 ; N A ;\nC  66 ; WX  0 ; N B ;\n");
+  font.first = font.last = 0xC0;  // without a standard code, and kept by its class
+  EXPECT_EQ(Characters(AfmOf(font)), "StartCharMetrics 1\n");
+}
+
+TEST_F(AfmWriterTest, NamesWithoutEndEndWithTheFile) {
+  const PostScriptPfm font;
+  std::string file = font.File() + "Endless";
+  file.replace(2, 4, Le32(static_cast<std::uint32_t>(file.size())));
+  const std::string place = Le32(static_cast<std::uint32_t>(file.size() - 7));
+  std::string name = file;
+  EXPECT_EQ(Line(AfmOf(name.replace(139, 4, place)), "FontName"), " Endless");
+  std::string face = file;
+  EXPECT_EQ(Line(AfmOf(face.replace(105, 4, place)), "FamilyName"), " Endless");
+}
+
 TEST_F(AfmWriterTest, WithoutAPairTableThereIsNoKerningSection) {
   PostScriptPfm font;
   EXPECT_EQ(AfmOf(font).find("Kern"), std::string::npos);

@@ -72,8 +72,8 @@ class FontSearchTest : public FontTest {
              bool recurse = false, const char* folder = "fonts") {
     return NamesOf(ZeFonFind(folder, &count, type, kind, option, recurse ? 1 : 0));
   }
-  Names FindWithProgress(bool recurse = false) {
-    return NamesOf(ZeFonFind2("fonts", &count, kAnyType, kAnyKind, 0, recurse ? 1 : 0, &Tell));
+  Names FindWithProgress(bool recurse = false, std::uint32_t option = 0) {
+    return NamesOf(ZeFonFind2("fonts", &count, kAnyType, kAnyKind, option, recurse ? 1 : 0, &Tell));
   }
   Names NamesOf(ZeFoundFile* first) {
     ZeFonFindFree(list);
@@ -422,6 +422,37 @@ TEST_F(FontSearchTest, OptionDecidesAboutCompanions) {
   EXPECT_TRUE(Find(6, kAnyKind, 2).empty()) << "its FMF is missing";
 }
 
+// A query that asks for an INF in vain and does not mind leaves the record empty, which no kind and
+// no format of its own fits.
+TEST_F(FontSearchTest, AfmWithoutItsInfIsListedUndescribedForOption5) {
+  Write("a.afm", "FontName Alone\nEndFontMetrics\n");
+  Write("a.PFB", "no name");
+  ASSERT_EQ(Find(kAnyType, kAnyKind, 5), Names{"a.afm"});
+  EXPECT_EQ(count, 1);
+  EXPECT_EQ(+list->size, fs::file_size("fonts/a.afm"));
+  EXPECT_STREQ(Font().description, "");
+  EXPECT_STREQ(Font().companionFile, "");
+  EXPECT_EQ(Font().kind, 0U);
+  EXPECT_EQ(Font().format, 0U);
+  EXPECT_TRUE(Find(2, kAnyKind, 5).empty()) << "a type 1 font";
+  EXPECT_TRUE(Find(kAnyType, 4, 5).empty()) << "metrics of one";
+  EXPECT_TRUE(Find(kAnyType, kAnyKind, 4).empty());
+  ASSERT_EQ(Find(kAnyType, kAnyKind, 0), Names{"a.afm"});
+  EXPECT_STREQ(Font().description, "Alone");
+  Write("a.INF", "MSMenuName (Menu)\n");
+  count = 0;
+  ASSERT_EQ(Find(2, 4, 5), Names{"a.afm"});
+  EXPECT_STREQ(Font().description, "Alone");
+  EXPECT_STREQ(Font().detail, "Menu");
+}
+
+TEST_F(FontSearchTest, KeepsOneOfTheFontsWithoutADescription) {
+  Write("a.afm", "FontName One\nEndFontMetrics\n");
+  Write("b.afm", "FontName Two\nEndFontMetrics\n");
+  EXPECT_EQ(Find(kAnyType, kAnyKind, 5), Names{"a.afm"}) << "no description twice";
+  EXPECT_EQ(count, 1);
+}
+
 // --- Metrics of scalable PCL fonts
 
 class ScalableSearchTest : public FontSearchTest, public ::testing::WithParamInterface<int> {
@@ -590,6 +621,13 @@ TEST_F(FontSearchTest, ProgressIsNotToldOfAFontThatIsNotListed) {
   FindWithProgress();
   ASSERT_EQ(told.size(), 3U);
   EXPECT_EQ(told[2], (Told{"", 100}));
+}
+
+TEST_F(FontSearchTest, ProgressIsNotToldOfAFontWithoutADescription) {
+  Write("a.afm", "FontName Alone\nEndFontMetrics\n");
+  WriteTrueType("fonts", {"b"});
+  EXPECT_EQ(FindWithProgress(false, 5), (Names{"b.ttf", "a.afm"}));
+  EXPECT_EQ(told, (std::vector<Told>{{"", 50}, {"", 100}, {"b", 100}}));
 }
 
 TEST_F(FontSearchTest, ProgressCountsFoldersWithin) {

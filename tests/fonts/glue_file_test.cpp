@@ -184,6 +184,23 @@ TEST_F(GlueFileTest, CartridgesComeBeforeFonts) {
   EXPECT_EQ(entries[1].type, GlueType::kPclFont);
 }
 
+TEST_F(GlueFileTest, EveryBeginningIsReadAsFarAsItGoes) {
+  const std::string text =
+      "; fonts\r\n[Cartridge]\r\n{c:\\a.pcm First}\r\n/class = O\r\n{c:\\b.pcm Second}\r\n"
+      "[PCL fonts]\r\n{O}\r\nFONT = One\r\n/symset = 8U\r\n/weight = 188\r\n"
+      "/tfm = c:\\one.tfm\r\n/slant = 1\r\n/font file = c:\\one.sfp\r\n/resource = 4711\r\n"
+      "FONT = Two\r\n/font file = c:\\two.sfp\r\n";
+  ASSERT_EQ(Read(text).size(), 4U);
+  std::size_t before = 0;
+  for (std::size_t length = 0; length <= text.size(); ++length) {
+    const auto entries = Read(text.substr(0, length));
+    EXPECT_GE(entries.size(), before) << length;
+    EXPECT_LE(entries.size(), before + 1) << length;
+    before = entries.size();
+  }
+  EXPECT_EQ(before, 4U);
+}
+
 TEST_F(GlueFileTest, FileOfAnUnlikelySizeIsIgnored) {
   std::string text = "[Cartridge]\n{A Name\n";
   text.resize(256 << 10, 'x');

@@ -176,6 +176,48 @@ TEST_F(Type1MetricsTest, WithoutAnEncodingTheGlyphNamesCount) {
   EXPECT_EQ(MetricsOf(font).U8(85), 0U);
 }
 
+// A font may end anywhere behind its first character; what is made of it is whole all the same.
+TEST_F(Type1MetricsTest, EveryBeginningIsRefusedOrGivesWholeMetrics) {
+  Type1 font;
+  font.kerning = "KPX H d -40\nKPX d H -20\n";
+  const std::string file = font.File();
+  const std::size_t first = file.find("C 72 ;");  // the first glyph that the set has at its code
+  WriteFile("font.INF", font.inf);
+  std::size_t refused = 0;
+  for (std::size_t length = 0; length <= file.size(); ++length) {
+    WriteFile("font.afm", file.substr(0, length));
+    const std::uint32_t result = ZeFonConvert("font.afm", "out.PFM", nullptr, 0, 2);
+    if (result != ZE_OK) {
+      ASSERT_EQ(result, ZE_BAD_FORMAT) << length;
+      ++refused;
+      ASSERT_LE(length, first) << "behind the first character";
+      continue;
+    }
+    ASSERT_TRUE(MetricsView(ReadFile("out.PFM")).IsWellFormed()) << length;
+    ASSERT_TRUE(MetricsView(ReadFile("out.PSM")).IsWellFormed()) << length;
+  }
+  EXPECT_GT(refused, 60U) << "up to the characters";
+}
+
+TEST_F(Type1MetricsTest, EveryBeginningOfAnInfGivesWholeMetrics) {
+  const std::string inf = "MSMenuName (Test)\nVPStyle (T)\nSerif true\nPi false\n";
+  for (std::size_t length = 0; length <= inf.size(); ++length) {
+    Type1 font;
+    font.inf = inf.substr(0, length);
+    MetricsOf(font);
+  }
+}
+
+TEST_F(Type1MetricsTest, CharactersOfNoWidth) {
+  Type1 font;
+  font.characters = "C 32 ; WX 0 ; N space ;\nC 65 ; WX 0 ; N A ;\n";
+  const MetricsView pfm = MetricsOf(font);
+  EXPECT_EQ(pfm.U16(91), 0U);
+  EXPECT_EQ(pfm.U16(93), 0U);
+  EXPECT_EQ(pfm.Extent(65), 0U);
+  SecondOf(font);
+}
+
 TEST_F(Type1MetricsTest, RefusesAFontWithoutANameOrCharacters) {
   Type1 font;
   font.characters = "C -1 ; WX 400 ; N nothing ;\n";

@@ -1,5 +1,7 @@
 #include "pclxl/xl_walk.h"
 
+#include <tuple>
+
 #include "pclxl/page_body.h"
 #include "support/pclxl.h"
 
@@ -11,8 +13,9 @@ using namespace xl;
 class XlWalkTest : public XlTest {
  protected:
   // Walks a session from BeginSession on.
-  XlResult Walk(std::string_view bytes) {
+  XlResult Walk(std::string_view bytes, XlListingSink* sink = nullptr) {
     Open(bytes);
+    state()->listing = sink;
     const XlResult result = XlReadToOperator(state());
     if (result != kXlOk) return result;
     return XlDispatch(state()->currentTag, state());
@@ -27,6 +30,12 @@ class XlWalkTest : public XlTest {
     const XlResult result = XlDispatch(0x41, state());
     bodySize = body.size();
     return result;
+  }
+
+  // A result and what the reader says beside it.
+  using Ending = std::tuple<XlResult, std::int32_t, std::uint8_t, std::int32_t>;
+  Ending EndOf(XlResult result) {
+    return {result, state()->operatorCount, state()->currentTag, state()->attributeCount};
   }
 
   std::uint32_t bodySize = 0;
@@ -154,6 +163,39 @@ TEST_F(XlWalkTest, ManySmallOperatorsAreAllThere) {
     body += xl::Attribute(Uint16(static_cast<unsigned>(i)), 0x4B) + Hex({0x7A});
   EXPECT_EQ(Gather(Hex({0x41}) + Page(body) + Hex({0x42})), kXlOk);
   EXPECT_BYTES(ReadFile("temp.str"), body);
+}
+
+// The quiet walk passes over plain operators without looking at their attributes.
+TEST_F(XlWalkTest, QuietWalkEndsWhereOneThatListsEnds) {
+  std::string many;
+  for (int i = 0; i < 100; ++i) many += xl::Attribute(Ubyte(i), 0x4B);
+  std::string wide;
+  for (int i = 0; i < 700; ++i)
+    wide += xl::Attribute(Hex({0xE5}) + std::string(16, '\x44'), 0x42) + " " + Hex({0x84 + i % 3});
+  const std::string left = many + Data("x");
+  for (const std::string& body :
+       {Body() + Hex({0x5B}) + Body(), Body() + Hex({0x43}), Body() + Hex({0x42}),
+        Body() + Hex({0x46}), Body() + Hex({0xF9, 1, 0x85}), Body() + Hex({0xD8, 0x85}),
+        Body() + Hex({0x1B}), many + Hex({0x85}), Body() + many + xl::Attribute(Ubyte(1), 0x4B),
+        left + Hex({0x85}), left + xl::Attribute(Ubyte(1), 0x4B) + Hex({0x85}), wide,
+        wide + xl::Attribute(UbyteArray("text"), 0xAB) + Hex({0xA8}) + wide,
+        Hex({0x85, 0x60}) + "\n \r" + Body() + Hex({0xC0, 5, 0x85})}) {
+    const std::string bytes = Hex({0x41, 0x43}) + body + Hex({0x44, 0x42});
+    const Ending quiet = EndOf(Walk(bytes));
+    const std::string unread = Unread();
+    EXPECT_EQ(quiet, EndOf(Walk(bytes, &listing)));
+    EXPECT_BYTES(unread, Unread());
+  }
+}
+
+TEST_F(XlWalkTest, BodyBeforeTheEndOfThePageIsWholeWhereverTheBlocksEnd) {
+  const std::string line = Body();
+  for (std::size_t lines = 1; lines < 4400 / line.size(); ++lines) {
+    std::string body;
+    for (std::size_t i = 0; i < lines; ++i) body += line;
+    EXPECT_EQ(Gather(Hex({0x41}) + Page(body) + Hex({0x42})), kXlOk);
+    EXPECT_BYTES(ReadFile("temp.str"), body);
+  }
 }
 
 TEST_F(XlWalkTest, WhatWasGatheredBeforeAnErrorIsWritten) {
