@@ -8,6 +8,7 @@
 #include <cstring>
 #include <string>
 
+#include "files/found_files.h"
 #include "support/input.h"
 #include "support/private_drives.h"
 #include "support/target.h"
@@ -34,18 +35,6 @@ void CheckCartridge(const ZeCartridge& cartridge) {
     Check(font->name[0] != '\0', "a cartridge's font has a name");
     Check(std::memchr(font->name, '\0', 91) != nullptr, "a cartridge font's name ends");
   }
-}
-
-void FreeCartridge(ZeCartridge* cartridge) {
-  if (cartridge == nullptr) return;
-  for (ZeCartridgeFont* font = cartridge->fonts; font != nullptr;) {
-    ZeCartridgeFont* next = font->next;
-    ZeMemFree(font->name);
-    ZeMemFree(font);
-    font = next;
-  }
-  ZeMemFree(cartridge->name);
-  ZeMemFree(cartridge);
 }
 
 // What a query says, and whether that is well formed.

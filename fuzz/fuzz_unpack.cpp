@@ -6,11 +6,11 @@
 //
 // The data is unpacked in two ways of cutting it into blocks, which must not show.
 
-#include <algorithm>
 #include <memory>
 #include <string>
 
 #include "archive/inflate.h"
+#include "archive/memory_io.h"
 #include "archive/stored.h"
 #include "archive/unimplode.h"
 #include "archive/unreduce.h"
@@ -22,23 +22,6 @@ namespace zeapi::fuzz {
 namespace {
 
 constexpr std::size_t kMostPlain = 1U << 20;
-
-class Blocks : public BlockSource {
- public:
-  Blocks(std::string_view data, std::size_t size) : rest_(data), size_(size) {}
-  std::span<const std::uint8_t> Next() override {
-    const std::size_t size = std::min(size_, rest_.size());
-    block_.reset(new std::uint8_t[size]);
-    std::copy_n(rest_.begin(), size, block_.get());
-    rest_.remove_prefix(size);
-    return {block_.get(), size};
-  }
-
- private:
-  std::string_view rest_;
-  std::size_t size_;
-  std::unique_ptr<std::uint8_t[]> block_;
-};
 
 class Output : public BlockSink {
  public:
@@ -70,7 +53,7 @@ struct Outcome {
 };
 
 Outcome Unpack(const Order& order, std::string_view packed, std::size_t blockSize) {
-  Blocks source(packed, blockSize);
+  testing::MemorySource source(packed, blockSize);
   Output output(order.room);
   const std::unique_ptr<std::uint8_t[]> bytes(new std::uint8_t[Window::kSize]);
   Window window(std::span<std::uint8_t, Window::kSize>(bytes.get(), Window::kSize), output);

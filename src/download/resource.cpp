@@ -1,6 +1,6 @@
 #include "download/resource.h"
 
-#include "output/ZeQue.h"
+#include "download/framed_job.h"
 #include "output/pjl.h"
 
 namespace zeapi {
@@ -11,17 +11,7 @@ Result SendResourceRequest(int request, const char* printerName, const ZeDestina
   ctx.destination = &destination;
   ctx.fileMode = kReplaceFile;
   ctx.device = device;
-  const Result opened = GenQueOpen(printerName, &ctx);
-  if (opened != ZE_OK) return opened;
-
-  PjlJobHeader(&ctx, false);
-  if (QueueFailed(&ctx)) return ctx.error;
-  PjlResourceCommand(request, &ctx);
-  if (QueueFailed(&ctx)) return ctx.error;
-  PjlJobTrailer(&ctx, false);
-  if (QueueFailed(&ctx)) return ctx.error;
-  GenQueClose(&ctx);
-  return ZE_OK;
+  return SendFramed(printerName, &ctx, [&] { PjlResourceCommand(request, &ctx); });
 }
 
 }  // namespace zeapi

@@ -2,8 +2,8 @@
 #include <cstring>
 
 #include "download/data.h"
+#include "download/framed_job.h"
 #include "output/hex_text.h"
-#include "output/pjl.h"
 
 namespace zeapi {
 namespace {
@@ -64,17 +64,7 @@ Result SendDataString(const DecodedString& data, const char* printerName,
   GenQueContext ctx;
   ctx.destination = &destination;
   ctx.fileMode = fileMode;
-  const Result opened = GenQueOpen(printerName, &ctx);
-  if (opened != ZE_OK) return opened;
-
-  PjlJobHeader(&ctx, false);
-  if (QueueFailed(&ctx)) return ctx.error;
-  GenQueWrite(data.bytes.get(), data.length, &ctx);
-  if (QueueFailed(&ctx)) return ctx.error;
-  PjlJobTrailer(&ctx, false);
-  if (QueueFailed(&ctx)) return ctx.error;
-  GenQueClose(&ctx);
-  return ZE_OK;
+  return SendFramed(printerName, &ctx, [&] { GenQueWrite(data.bytes.get(), data.length, &ctx); });
 }
 
 }  // namespace zeapi

@@ -1,10 +1,12 @@
 // Decoders fed from memory, in blocks of odd sizes.
 #pragma once
 
-#include <functional>
+#include <algorithm>
 #include <memory>
 #include <random>
+#include <span>
 #include <string>
+#include <string_view>
 
 #include "archive/block_io.h"
 #include "archive/window.h"

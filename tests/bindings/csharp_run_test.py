@@ -15,6 +15,10 @@ import zipfile
 import inputs
 import interface
 
+sys.path.append(str(interface.ROOT / "tests/support"))
+
+from printer_record import option_item, option_record  # noqa: E402
+
 BINDING = interface.ROOT / "bindings/csharp/Zeapi.cs"
 HOST = interface.ROOT / "tests/bindings/csharp_host.cs"
 # The run time finds the library under another name here.
@@ -59,8 +63,7 @@ class CSharpRun(unittest.TestCase):
         self.write("a.sfp", inputs.SOFT_FONT)
         self.write("a.dat", inputs.data_line(b"SA1"))
         self.write("lines", b"one\ntwo\n")
-        record = inputs.container(1, inputs.container(1, inputs.option_item()))
-        self.write("record", inputs.printer_record(record))
+        self.write("record", option_record(option_item(-2, 15, b"tray")))
         with zipfile.ZipFile(os.path.join(self.folder, "a.zip"), "w") as archive:
             archive.writestr("member.txt", b"text")
 

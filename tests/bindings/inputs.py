@@ -1,4 +1,4 @@
-"""Files and records for the tests that make real calls."""
+"""Files for the tests that make real calls."""
 
 # ESC ")s", the length and a descriptor of 64 bytes: a 12-point bitmap of the symbol set 8U.
 SOFT_FONT = b"\x1b)s64W" + (
@@ -22,30 +22,3 @@ def metrics(face):
     font[105:109] = narrow(200)
     font[200 : 200 + len(face)] = face
     return bytes(font)
-
-
-def element(number, kind, body):
-    return bytes([number, kind]) + body
-
-
-def container(number, *children):
-    body = b"".join(children)
-    return element(number, 0, bytes([len(children)]) + len(body).to_bytes(2, "big") + body)
-
-
-def integer(number, value):
-    return element(number, 1, b"\4" + value.to_bytes(4, "big", signed=True))
-
-
-def text(number, value):
-    return element(number, 2, bytes([len(value)]) + value)
-
-
-def printer_record(*elements):
-    body = b"\0\1P{ID:1,DT:1}C{NE:1,LD:2}D{LD:1,DA:0}" + b"".join(elements)
-    return len(body).to_bytes(2, "big") + body
-
-
-def option_item():
-    """An installed option: -2, 15, "tray"."""
-    return container(7, integer(1, -2), integer(5, 15), text(6, b"tray"))

@@ -13,17 +13,8 @@ import zipfile
 
 import interface
 import zeapi
-from inputs import (
-    SOFT_FONT,
-    container,
-    data_line,
-    integer,
-    metrics,
-    narrow,
-    option_item,
-    printer_record,
-    text,
-)
+from inputs import SOFT_FONT, data_line, metrics, narrow
+from printer_record import container, integer, option_item, printer_record, text
 
 EXIT = b"\x1b%-12345X"
 CLEAR = b'@PJL RDYMSG DISPLAY = ""\n'
@@ -399,7 +390,7 @@ class Calls(unittest.TestCase):
     def test_options_of_a_printer(self):
         values = container(3, *(container(9, integer(1, value)) for value in (5, -7)))
         group = container(1, text(1, b"a"), values)
-        record = printer_record(container(1, container(1, option_item()), container(3, group)))
+        record = printer_record(container(1, container(1, option_item(-2, 15, b"tray")), container(3, group)))
         items, groups = self.library.parse_options(record)
         self.assertEqual(items, [(-2, 15, "tray")])
         self.assertEqual(groups, [("a", None, [5, -7])])

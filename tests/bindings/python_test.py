@@ -8,7 +8,8 @@ import subprocess
 import sys
 import unittest
 
-sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[2] / "bindings/python"))
+ROOT = pathlib.Path(__file__).resolve().parents[2]
+sys.path[:0] = [str(ROOT / "bindings/python"), str(ROOT / "tests/support")]
 
 from python_calls import Calls  # noqa: E402
 from python_declarations import Declarations  # noqa: E402

@@ -10,7 +10,7 @@
 #include "archive/implode_encoder.h"
 #include "archive/reduce_encoder.h"
 #include "archive/shrink_encoder.h"
-#include "fault/injector.h"
+#include "fault/each_failure.h"
 
 namespace zeapi::testing {
 namespace {
@@ -56,25 +56,18 @@ class ArchiveFaultTest : public ArchiveTest {
   // `check` hears of each failure: what failed and the result.
   void FailEach(ZeZipProgress told,
                 const std::function<void(const std::string&, std::uint32_t)>& check) {
+    std::uint32_t result = ZE_OK;
     int points = 0;
-    for (int failing = 1;; ++failing) {
-      Clean();
-      const std::size_t before = OpenDescriptors();
-      ArmFault(failing);
-      const std::uint32_t result = ZeZipExplode(kArchive, nullptr, told);
-      DisarmFault();
-      const std::string failed = FailedFunction();
-      if (failed.empty()) {
-        EXPECT_EQ(result, ZE_OK);
-        EXPECT_TRUE(Whole());
-        break;
-      }
-      ++points;
-      SCOPED_TRACE("failure " + std::to_string(failing) + ", of " + failed);
-      EXPECT_EQ(OpenDescriptors(), before);
-      check(failed, result);
-      if (HasFailure()) break;
-    }
+    EachFailure([this] { Clean(); }, [&] { result = TRIED(ZeZipExplode)(kArchive, nullptr, told); },
+                [&](const std::string& failed) {
+                  if (failed.empty()) {
+                    EXPECT_EQ(result, ZE_OK);
+                    EXPECT_TRUE(Whole());
+                  } else {
+                    ++points;
+                    check(failed, result);
+                  }
+                });
     EXPECT_GT(points, 30);
   }
 

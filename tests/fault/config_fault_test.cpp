@@ -4,6 +4,7 @@
 #include "fault/each_failure.h"
 #include "support/bytes.h"
 #include "support/ini.h"
+#include "support/qsf_image.h"
 
 namespace zeapi::testing {
 namespace {
@@ -13,7 +14,7 @@ using ConfigFaultTest = IniTest;
 TEST_F(ConfigFaultTest, PanelRegistration) {
   void* panel = nullptr;
   EachFailure([&] { WriteFile("opc001.cfg", "[Format]\nStyle=2\n"); },
-              [&] { panel = ZeOpcRegisterCfg(1, "."); },
+              [&] { panel = TRIED(ZeOpcRegisterCfg)(1, "."); },
               [&](const std::string& failed) {
                 EXPECT_TRUE(panel != nullptr || !failed.empty());
                 void* again = ZeOpcRegisterCfg(1, ".");
@@ -22,6 +23,23 @@ TEST_F(ConfigFaultTest, PanelRegistration) {
                 if (panel != nullptr) {
                   EXPECT_EQ(ZeOpcUnregisterCfg(panel), 1U);
                 }
+                EXPECT_EQ(ZeOpcUnregisterCfg(again), 1U);
+              });
+}
+
+TEST_F(ConfigFaultTest, PanelComesAndGoes) {
+  void* panel = nullptr;
+  std::uint32_t gone = 0;
+  EachFailure([&] { WriteFile("opc001.cfg", "[Format]\nStyle=2\n"); },
+              [&] {
+                panel = TRIED(ZeOpcRegisterCfg)(1, ".");
+                gone = TRIED(ZeOpcUnregisterCfg)(panel);
+              },
+              [&](const std::string&) {
+                EXPECT_EQ(gone, panel == nullptr ? 0U : 1U);
+                // Its slot is free again.
+                void* again = ZeOpcRegisterCfg(1, ".");
+                EXPECT_NE(again, nullptr);
                 EXPECT_EQ(ZeOpcUnregisterCfg(again), 1U);
               });
 }
@@ -38,15 +56,16 @@ TEST_F(ConfigFaultTest, PanelQueries) {
       [&] {
         Open(
             "[Format]\nStyle=1\n[Spin Limits]\n5=1;2;3\n[Combos]\n5-1=7\n[Edit Lengths]\n5=9\n"
-            "[Dialogs]\n1=P\n[P]\nNumCtrls=1\nDefaults=5;6\nNumOMVAR=1\nOMVAR=8\n");
+            "[Dialogs]\n1=A page of variables\n[A page of "
+            "variables]\nNumCtrls=1\nDefaults=5;6\nNumOMVAR=1\nOMVAR=8\n");
         std::memset(&got, 0, sizeof(got));
       },
       [&] {
-        ZeOpcGetSpinControlLimits(handle, 5, &got.minimum, &got.maximum, &got.third);
-        got.texts = ZeOpcGetTextListing(handle, 5, 1, &got.text, 2);
-        got.length = ZeOpcGetMaxEditLength(handle, 5);
-        got.defaults = ZeOpcGetPageDefaults(handle, 1, got.records, 6);
-        got.variables = ZeOpcGetPageOmVars(handle, 1, got.bytes, 2);
+        TRIED(ZeOpcGetSpinControlLimits)(handle, 5, &got.minimum, &got.maximum, &got.third);
+        got.texts = TRIED(ZeOpcGetTextListing)(handle, 5, 1, &got.text, 2);
+        got.length = TRIED(ZeOpcGetMaxEditLength)(handle, 5);
+        got.defaults = TRIED(ZeOpcGetPageDefaults)(handle, 1, got.records, 6);
+        got.variables = TRIED(ZeOpcGetPageOmVars)(handle, 1, got.bytes, 2);
       },
       [&](const std::string& failed) {
         EXPECT_TRUE(got.third == 3 || (got.minimum == 0 && got.maximum == 0));
@@ -65,7 +84,7 @@ TEST_F(ConfigFaultTest, PanelQueries) {
 TEST_F(ConfigFaultTest, PanelTexts) {
   int texts = 0;
   EachFailure([&] { Open("[Combos]\n5-1=7\n"); },
-              [&] { texts = ZeOpcGetTextListing(handle, 5, 1, nullptr, 0); },
+              [&] { texts = TRIED(ZeOpcGetTextListing)(handle, 5, 1, nullptr, 0); },
               [&](const std::string& failed) {
                 EXPECT_EQ(texts, failed.empty() ? 2 : -3);
                 Close();
@@ -73,18 +92,7 @@ TEST_F(ConfigFaultTest, PanelTexts) {
 }
 
 TEST_F(ConfigFaultTest, QsfFile) {
-  std::string image(74, '\0');
-  image.replace(0, 2, "QS");
-  image[44] = 74;
-  image[48] = 1;
-  image += "ab";
-  std::uint16_t sum = 0;
-  for (std::size_t i = 0; i < image.size(); i += 2) {
-    sum = static_cast<std::uint16_t>(sum - (image[i] + image[i + 1] * 256));
-  }
-  image[2] = static_cast<char>(sum);
-  image[3] = static_cast<char>(sum >> 8);
-
+  const std::string image = QsfImage().Byte(4, 0).Block(1, 74, 1).Append("ab").Summed();
   std::uint32_t opened = 0;
   std::uint32_t got = 0;
   void* qsf = nullptr;
@@ -96,10 +104,10 @@ TEST_F(ConfigFaultTest, QsfFile) {
         block = nullptr;
       },
       [&] {
-        opened = ZeQsfOpen("file.qsf", 0, &qsf);
+        opened = TRIED(ZeQsfOpen)("file.qsf", 0, &qsf);
         if (opened != ZE_OK) return;
-        got = ZeQsfGetVariables(qsf, 1, &block, &count);
-        ZeQsfClose(qsf);
+        got = TRIED(ZeQsfGetVariables)(qsf, 1, &block, &count);
+        TRIED(ZeQsfClose)(qsf);
       },
       [&](const std::string& failed) {
         if (opened != ZE_OK) {
@@ -130,7 +138,7 @@ TEST_F(ConfigFaultTest, QsfSection) {
         Open("[DEFAULTORDER]\nNUMVARS=1\nNUMENTRIES=1\nOMVARS1=12\n");
         variables = nullptr;
       },
-      [&] { code = ZeQsfIniGetSection(handle, 4, 1, &variables, &count); },
+      [&] { code = TRIED(ZeQsfIniGetSection)(handle, 4, 1, &variables, &count); },
       [&](const std::string& failed) {
         EXPECT_EQ(code, failed.empty() ? ZE_OK : ZE_OUT_OF_MEMORY);
         EXPECT_EQ(variables != nullptr, code == ZE_OK);
@@ -148,7 +156,7 @@ TEST_F(ConfigFaultTest, WebUrl) {
         Open("[PRINTER]\n8=laser\n");
         std::strcpy(url, "before");
       },
-      [&] { code = ZeWebGetURL(0, 1, 2, url, sizeof(url), handle); },
+      [&] { code = TRIED(ZeWebGetURL)(0, 1, 2, url, sizeof(url), handle); },
       [&](const std::string& failed) {
         EXPECT_EQ(code, failed.empty() ? ZE_OK : ZE_OUT_OF_MEMORY);
         EXPECT_EQ(url[0] != '\0', failed.empty());

@@ -15,7 +15,7 @@ class ConvertFaultTest : public FaultTest {
   void FailEachConversion(std::uint32_t conversion, const char* font,
                           const std::vector<std::string>& outputs) {
     const auto call = [this, conversion, font] {
-      return ZeFonConvert(font, "out.PFM", &info, 4, conversion);
+      return TRIED(ZeFonConvert)(font, "out.PFM", &info, 4, conversion);
     };
     ASSERT_EQ(call(), ZE_OK);
     std::vector<std::string> expected;
@@ -79,12 +79,12 @@ TEST_F(ConvertFaultTest, Intellifont) {
 TEST_F(ConvertFaultTest, OutputThatIsNotWhole) {
   WriteFile("font.dlf", DlfFile{}.File());
   FailEach(
-      "fwrite", [] {}, [] { return ZeFonConvert("font.dlf", "out", nullptr, 0, 4); },
+      "fwrite", [] {}, [] { return TRIED(ZeFonConvert)("font.dlf", "out", nullptr, 0, 4); },
       [](std::uint32_t result) { EXPECT_EQ(result, ZE_COPY_FAILED); });
   WriteFile("font.pfm", PostScriptPfm{}.File());
   std::set<std::uint32_t> results;
   FailEach(
-      "fclose", [] {}, [] { return ZeFonConvert("font.pfm", "out", nullptr, 0, 3); },
+      "fclose", [] {}, [] { return TRIED(ZeFonConvert)("font.pfm", "out", nullptr, 0, 3); },
       [&](std::uint32_t result) { results.insert(result); });
   EXPECT_EQ(results, (std::set<std::uint32_t>{ZE_OK, ZE_WRITE_FAILED}));
 }

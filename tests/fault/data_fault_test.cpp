@@ -31,7 +31,8 @@ using DataFaultTest = ScratchTest;
 
 TEST_F(DataFaultTest, Open) {
   int opened = 0;
-  EachFailure([&] { WriteFile("data", kRecord); }, [&] { opened = ZeDatOpenFile("data", 0, 2); },
+  EachFailure([&] { WriteFile("data", kRecord); },
+              [&] { opened = TRIED(ZeDatOpenFile)("data", 0, 2); },
               [&](const std::string& failed) {
                 EXPECT_EQ(opened, OpenResult(failed));
                 EXPECT_EQ(ZeDatCloseFile(0), opened == 0 ? ZE_DAT_OK : ZE_DAT_BAD_HANDLE);
@@ -51,11 +52,11 @@ TEST_F(DataFaultTest, SearchAndClose) {
         handle = -1;
       },
       [&] {
-        handle = ZeDatOpenFile("data", 0, 2);
+        handle = TRIED(ZeDatOpenFile)("data", 0, 2);
         if (handle < 0) return;
-        found = ZeDatGetFirstKey(handle, &record);
-        next = ZeDatGetNextKey(handle, &record);
-        closed = ZeDatCloseFile(handle);
+        found = TRIED(ZeDatGetFirstKey)(handle, &record);
+        next = TRIED(ZeDatGetNextKey)(handle, &record);
+        closed = TRIED(ZeDatCloseFile)(handle);
       },
       [&](const std::string& failed) {
         if (handle < 0) return;
@@ -79,9 +80,9 @@ TEST_F(DataFaultTest, EndOfWhatCanBeReadStaysTheEnd) {
   ZeDatRecord record;
   EachFailure([&] { record = {}; },
               [&] {
-                first = ZeDatGetFirstKey(handle, &record);
-                next = ZeDatGetNextKey(handle, &record);
-                again = ZeDatGetNextKey(handle, &record);
+                first = TRIED(ZeDatGetFirstKey)(handle, &record);
+                next = TRIED(ZeDatGetNextKey)(handle, &record);
+                again = TRIED(ZeDatGetNextKey)(handle, &record);
               },
               [&](const std::string&) {
                 if (first == ZE_DAT_OK && next == ZE_DAT_END_OF_FILE) {
@@ -106,7 +107,7 @@ TEST_F(DataFaultTest, Count) {
         WriteFile("data", kRecord);
         record = {};
       },
-      [&] { count = ZeDatQueryCount("data", reinterpret_cast<char*>(&record), 2); },
+      [&] { count = TRIED(ZeDatQueryCount)("data", reinterpret_cast<char*>(&record), 2); },
       [&](const std::string& failed) {
         // A file that cannot be read ends there.
         if (failed == "fread" || failed == "read") {
@@ -130,7 +131,7 @@ TEST_F(DataFaultTest, Counts) {
         WriteFile("data", kRecord);
         std::memset(&counts, 0xEE, sizeof(counts));
       },
-      [&] { result = ZeDatQueryCounts("data", &counts, 2); },
+      [&] { result = TRIED(ZeDatQueryCounts)("data", &counts, 2); },
       [&](const std::string& failed) {
         const std::uint16_t counted = counts.first[4];
         if (failed == "fread" || failed == "read") {
@@ -156,7 +157,8 @@ TEST_F(DataFaultTest, ListingWithoutMemoryIsWhatWasFoundSoFar) {
   ZeDatFileInfo* list = nullptr;
   std::uint16_t count = 0;
   std::set<std::string> failedBehindTheFirst;
-  EachFailure([&] { count = 999; }, [&] { list = ZeDatQueryFiles(folder.c_str(), 1, &count); },
+  EachFailure([&] { count = 999; },
+              [&] { list = TRIED(ZeDatQueryFiles)(folder.c_str(), 1, &count); },
               [&](const std::string& failed) {
                 std::vector<std::string> names;
                 for (const ZeDatFileInfo* entry = list; entry != nullptr; entry = entry->next) {

@@ -1,4 +1,4 @@
-// What the tests share that make every call of the system fail in turn.
+// What the tests share of calls whose result is one code.
 #pragma once
 
 #include <filesystem>
@@ -6,7 +6,7 @@
 #include <set>
 #include <string>
 
-#include "fault/injector.h"
+#include "fault/each_failure.h"
 #include "support/job.h"
 
 namespace zeapi::testing {
@@ -23,55 +23,34 @@ struct Scenario {
 
 class FaultTest : public JobTest {
  protected:
-  // Fails each of the scenario's calls in turn and prints how many there were.
+  // Whatever fails: the result is one of the scenario's codes, success is success, and the next call
+  // works.
   void FailEachInTurn(const Scenario& scenario) {
-    int points = 0;
-    std::set<std::string> functions;
-    for (int failing = 1;; ++failing) {
-      Reset(scenario);
-      const std::size_t before = OpenDescriptors();
-      ArmFault(failing);
-      const std::uint32_t result = scenario.call();
-      DisarmFault();
-      const std::string failed = FailedFunction();
-      if (failed.empty()) {
-        EXPECT_EQ(result, ZE_OK);
-        break;
-      }
-      ++points;
-      functions.insert(failed);
-      SCOPED_TRACE("failure " + std::to_string(failing) + ", of " + failed);
-      EXPECT_TRUE(result == ZE_OK || scenario.codes.count(result) != 0) << "result " << result;
-      if (result == ZE_OK) scenario.checkSuccess();
-      EXPECT_EQ(OpenDescriptors(), before);
-      EXPECT_EQ(Bidi().loaded, 0);
-
-      Reset(scenario);
-      EXPECT_EQ(scenario.call(), ZE_OK);
-      scenario.checkSuccess();
-      if (HasFailure()) break;
-    }
-    std::printf("  %d points of failure in %zu functions\n", points, functions.size());
-    EXPECT_GT(points, 0);
+    std::uint32_t result = ZE_OK;
+    EachFailure([&] { Reset(scenario); }, [&] { result = scenario.call(); },
+                [&](const std::string& failed) {
+                  const bool mayFail = !failed.empty() && scenario.codes.count(result) != 0;
+                  EXPECT_TRUE(result == ZE_OK || mayFail) << "result " << result;
+                  if (result == ZE_OK) scenario.checkSuccess();
+                  EXPECT_EQ(Bidi().loaded, 0);
+                  if (failed.empty()) return;
+                  Reset(scenario);
+                  EXPECT_EQ(scenario.call(), ZE_OK);
+                  scenario.checkSuccess();
+                });
   }
 
-  // Runs the call once for each time that it uses the function, failing that use.
+  // Checks the call's result for each time that it uses the function, when that use fails.
   static void FailEach(const std::string& function, const std::function<void()>& prepare,
                        const std::function<std::uint32_t()>& call,
                        const std::function<void(std::uint32_t result)>& check) {
-    int uses = 0;
-    for (int failing = 1;; ++failing) {
-      prepare();
-      ArmFault(failing);
-      const std::uint32_t result = call();
-      DisarmFault();
-      if (FailedFunction().empty()) break;
-      if (FailedFunction() != function) continue;
-      ++uses;
-      SCOPED_TRACE(function + ", use " + std::to_string(uses));
-      check(result);
-    }
-    EXPECT_GT(uses, 0) << function;
+    std::uint32_t result = ZE_OK;
+    FailurePoints points = EachFailure(
+        prepare, [&] { result = call(); },
+        [&](const std::string& failed) {
+          if (failed == function) check(result);
+        });
+    EXPECT_GT(points[function], 0) << function;
   }
 
  private:

@@ -33,7 +33,8 @@ TEST_F(FaultTest, SendFileToAFile) {
   destination.copies = 2;
   const std::string data(3000, 'd');
   FailEachInTurn({[&] { WriteFile("input", data); },
-                  [&] { return ZeDatSendFile("input", kOutput, &destination, 0); }, kFileJobCodes,
+                  [&] { return TRIED(ZeDatSendFile)("input", kOutput, &destination, 0); },
+                  kFileJobCodes,
                   [&] {
                     EXPECT_BYTES(Job(),
                                  "\x1B%-12345X@PJL RDYMSG DISPLAY = \"Letter\"\n"
@@ -47,7 +48,7 @@ TEST_F(FaultTest, SendFileToAFile) {
 TEST_F(FaultTest, SendStringToAPrinter) {
   destination.flags = ZE_FLAG_PJL;
   FailEachInTurn({[&] { UsePrinter(); },
-                  [&] { return ZeDatSendString("$text", kOutput, &destination, 0); },
+                  [&] { return TRIED(ZeDatSendString)("$text", kOutput, &destination, 0); },
                   {ZE_OUT_OF_MEMORY},
                   [&] {
                     EXPECT_BYTES(Spooler().data,
@@ -58,14 +59,14 @@ TEST_F(FaultTest, SendStringToAPrinter) {
 
 TEST_F(FaultTest, SendHexStringToTheDll) {
   FailEachInTurn({[&] { UseBidi(); },
-                  [&] { return ZeDatSendString("4142", kOutput, &destination, 0); },
+                  [&] { return TRIED(ZeDatSendString)("4142", kOutput, &destination, 0); },
                   {ZE_OUT_OF_MEMORY},
                   [&] { EXPECT_BYTES(Bidi().data, "AB"); }});
 }
 
 TEST_F(FaultTest, ResourceToAFile) {
-  FailEachInTurn({[] {}, [&] { return ZeGenResource(4, kOutput, &destination, 1); }, kFileJobCodes,
-                  [&] { EXPECT_BYTES(Job(), Bytes("\x1B[K\x03\0\x06\xC0\x50")); }});
+  FailEachInTurn({[] {}, [&] { return TRIED(ZeGenResource)(4, kOutput, &destination, 1); },
+                  kFileJobCodes, [&] { EXPECT_BYTES(Job(), Bytes("\x1B[K\x03\0\x06\xC0\x50")); }});
 }
 
 TEST_F(FaultTest, Copy) {
@@ -73,21 +74,19 @@ TEST_F(FaultTest, Copy) {
                     WriteFile("source", "content");
                     WriteFile("copy", "old");
                   },
-                  [] { return ZeFilCopy("source", "copy"); }, kCopyCodes,
+                  [] { return TRIED(ZeFilCopy)("source", "copy"); }, kCopyCodes,
                   [] { EXPECT_BYTES(ReadFile("copy"), "content"); }});
 }
 
 TEST_F(FaultTest, CopyThatFailsLeavesNoNewFile) {
   WriteFile("source", "content");
-  for (int failing = 1;; ++failing) {
-    fs::remove("copy");
-    ArmFault(failing);
-    const std::uint32_t result = ZeFilCopy("source", "copy");
-    DisarmFault();
-    if (FailedFunction().empty()) break;
-    if (result == ZE_OK || FailedFunction() == "unlink") continue;
-    EXPECT_FALSE(fs::exists("copy")) << FailedFunction();
-  }
+  std::uint32_t result = ZE_OK;
+  EachFailure([] { fs::remove("copy"); }, [&] { result = TRIED(ZeFilCopy)("source", "copy"); },
+              [&](const std::string& failed) {
+                if (failed != "unlink") {
+                  EXPECT_EQ(fs::exists("copy"), result == ZE_OK);
+                }
+              });
 }
 
 TEST_F(FaultTest, Backup) {
@@ -96,14 +95,14 @@ TEST_F(FaultTest, Backup) {
                     for (const auto& entry : fs::directory_iterator(".")) fs::remove(entry);
                     WriteFile("panel.cfg", "content");
                   },
-                  [] { return ZeFilBackup("panel.cfg", name); },
+                  [] { return TRIED(ZeFilBackup)("panel.cfg", name); },
                   CopyCodesAnd({ZE_BAD_FORMAT, ZE_SHARING_VIOLATION}),
                   [] { EXPECT_BYTES(ReadFile("panel.001"), "content"); }});
 }
 
 TEST_F(FaultTest, Modify) {
   FailEachInTurn({[&] { WriteFile("text", "one\r\ntwo\r\n"); },
-                  [] { return ZeFilModify("text", 0, Shout); },
+                  [] { return TRIED(ZeFilModify)("text", 0, Shout); },
                   CopyCodesAnd({ZE_OPEN_FAILED, ZE_CLOSE_FAILED, ZE_READ_FAILED, ZE_WRITE_FAILED,
                                 ZE_UNUSABLE}),
                   [] { EXPECT_BYTES(ReadFile("text"), "!ne\n!wo\n"); }});
@@ -114,22 +113,21 @@ TEST_F(FaultTest, ModifyThatFailsBeforeTheCopyLeavesTheFile) {
   const std::string text = "one\ntwo\n";
   const std::set<std::uint32_t> beforeCopy = {ZE_OPEN_FAILED,  ZE_CLOSE_FAILED, ZE_READ_FAILED,
                                               ZE_WRITE_FAILED, ZE_UNUSABLE,     ZE_OUT_OF_MEMORY};
-  for (int failing = 1;; ++failing) {
-    WriteFile("text", text);
-    ArmFault(failing);
-    const std::uint32_t result = ZeFilModify("text", 0, Shout);
-    DisarmFault();
-    if (FailedFunction().empty()) break;
-    if (beforeCopy.count(result) == 0) continue;
-    EXPECT_EQ(ReadFile("text"), text) << FailedFunction();
-  }
+  std::uint32_t result = ZE_OK;
+  EachFailure([&] { WriteFile("text", text); },
+              [&] { result = TRIED(ZeFilModify)("text", 0, Shout); },
+              [&](const std::string&) {
+                if (beforeCopy.count(result) != 0) {
+                  EXPECT_EQ(ReadFile("text"), text);
+                }
+              });
 }
 
 TEST_F(FaultTest, MakePath) {
   static char created[ZE_MAX_NAME + 1];
   const std::string path = OnDriveC("a\\b\\c");
   FailEachInTurn({[&] { fs::remove_all(UnderDriveC("a")); },
-                  [&] { return ZeFilMakePath(path.c_str(), created); },
+                  [&] { return TRIED(ZeFilMakePath)(path.c_str(), created); },
                   {ZE_UNUSABLE},
                   [&] { EXPECT_TRUE(fs::is_directory(UnderDriveC("a/b/c"))); }});
 }
@@ -138,41 +136,41 @@ TEST_F(FaultTest, MakePathKeepsAndListsWhatWasMadeBeforeTheFailure) {
   char created[ZE_MAX_NAME + 1];
   const std::string path = OnDriveC("a\\b\\c");
   bool stoppedHalfway = false;
-  for (int failing = 1;; ++failing) {
-    fs::remove_all(UnderDriveC("a"));
-    ArmFault(failing);
-    const std::uint32_t result = ZeFilMakePath(path.c_str(), created);
-    DisarmFault();
-    if (FailedFunction().empty()) break;
-    if (result == ZE_OK) continue;
-    std::string expected;
-    if (fs::exists(UnderDriveC("a"))) expected += "\\a";
-    if (fs::exists(UnderDriveC("a/b"))) expected += "\\b";
-    EXPECT_EQ(created, expected);
-    stoppedHalfway |= expected == "\\a\\b";
-  }
+  std::uint32_t result = ZE_OK;
+  EachFailure([&] { fs::remove_all(UnderDriveC("a")); },
+              [&] { result = TRIED(ZeFilMakePath)(path.c_str(), created); },
+              [&](const std::string&) {
+                if (result == ZE_OK) return;
+                std::string expected;
+                if (fs::exists(UnderDriveC("a"))) expected += "\\a";
+                if (fs::exists(UnderDriveC("a/b"))) expected += "\\b";
+                EXPECT_EQ(created, expected);
+                stoppedHalfway |= expected == "\\a\\b";
+              });
   EXPECT_TRUE(stoppedHalfway);
 }
 
 TEST_F(FaultTest, Checksum) {
   static std::uint16_t sum;
   FailEachInTurn({[&] { WriteFile("data", Bytes("\1\0\2\0")); },
-                  [] { return ZeFilChecksum("data", 0, 0, &sum); },
+                  [] { return TRIED(ZeFilChecksum)("data", 0, 0, &sum); },
                   {ZE_OPEN_FAILED, ZE_CLOSE_FAILED, ZE_READ_FAILED, 8},
                   [] { EXPECT_EQ(sum, 65533); }});
 }
 
 TEST_F(FaultTest, SizeAndExistenceAreZeroWhenTheSystemDoesNotTell) {
   WriteFile("file.txt", "12345");
-  for (int failing = 1;; ++failing) {
-    ArmFault(failing);
-    const std::uint32_t size = ZeFilQuerySize("*.txt");
-    const std::uint32_t exists = ZeFilExists("file.txt");
-    DisarmFault();
-    EXPECT_TRUE(size == 5 || size == 0) << size;
-    EXPECT_LE(exists, 1U);
-    if (FailedFunction().empty()) break;
-  }
+  std::uint32_t size = 0;
+  std::uint32_t exists = 0;
+  EachFailure([] {},
+              [&] {
+                size = TRIED(ZeFilQuerySize)("*.txt");
+                exists = TRIED(ZeFilExists)("file.txt");
+              },
+              [&](const std::string& failed) {
+                EXPECT_TRUE(size == 5 || (size == 0 && !failed.empty())) << size;
+                EXPECT_TRUE(exists == 1 || (exists == 0 && !failed.empty())) << exists;
+              });
 }
 
 // --- Font queries. A record that reports success is whole; 27 also stands for a file that cannot
@@ -190,13 +188,14 @@ class FontFaultTest : public FaultTest {
   void FailEachQuery(
       const std::string& path, std::uint32_t option, const char* description,
       const std::function<void()>& more = [] {}) {
-    FailEachInTurn({[this] { Release(); },
-                    [this, path, option] { return ZeFonQueryInfo(path.c_str(), &info, option, 1); },
-                    kFontCodes,
-                    [this, description, more] {
-                      EXPECT_STREQ(info.description, description);
-                      more();
-                    }});
+    FailEachInTurn(
+        {[this] { Release(); },
+         [this, path, option] { return TRIED(ZeFonQueryInfo)(path.c_str(), &info, option, 1); },
+         kFontCodes,
+         [this, description, more] {
+           EXPECT_STREQ(info.description, description);
+           more();
+         }});
   }
   void Release() {
     FreeCartridge(info.cartridge);
@@ -265,21 +264,17 @@ TEST_F(FontFaultTest, Pcm) {
 
 // The log is opened, written and closed for each line; each of these may fail without a trace.
 TEST_F(FaultTest, LogThatFailsHalfwayChangesNothing) {
-  ArmFault(0);
   ASSERT_EQ(ZeGenResource(4, kOutput, &destination, 1), ZE_OK);
-  DisarmFault();
-  const int calls = CountedCalls();
   const std::string whole = Job();
   int harmless = 0;
-  for (int failing = 1; failing <= calls; ++failing) {
-    fs::remove(kOutput);
-    ArmFault(failing);
-    const std::uint32_t result = ZeGenResource(4, kOutput, &destination, 1);
-    DisarmFault();
-    if (result != ZE_OK) continue;
-    ++harmless;
-    EXPECT_BYTES(Job(), whole);
-  }
+  std::uint32_t result = ZE_OK;
+  EachFailure([] { fs::remove(kOutput); },
+              [&] { result = TRIED(ZeGenResource)(4, kOutput, &destination, 1); },
+              [&](const std::string&) {
+                if (result != ZE_OK) return;
+                ++harmless;
+                EXPECT_BYTES(Job(), whole);
+              });
   EXPECT_GT(harmless, 20);
 }
 
@@ -310,7 +305,7 @@ TEST_F(MeaningTest, OutputFileThatDoesNotCloseGivesCloseFailedFromTheQueueAlone)
   EXPECT_EQ(queueFailures, 1);
   // The jobs do not ask how the file closed.
   FailEach(
-      "fclose", [] {}, [&] { return ZeDatSendString("$text", kOutput, &destination, 0); },
+      "fclose", [] {}, [&] { return TRIED(ZeDatSendString)("$text", kOutput, &destination, 0); },
       [](std::uint32_t result) { EXPECT_EQ(result, ZE_OK); });
 }
 
@@ -319,7 +314,7 @@ TEST_F(MeaningTest, InputThatCannotBeReadStillEndsTheJobProperly) {
   destination.flags = ZE_FLAG_PJL;
   FailEach(
       "fread", [] { fs::remove(kOutput); },
-      [&] { return ZeDatSendFile("input", kOutput, &destination, 0); },
+      [&] { return TRIED(ZeDatSendFile)("input", kOutput, &destination, 0); },
       [](std::uint32_t result) {
         EXPECT_EQ(result, ZE_READ_FAILED);
         EXPECT_BYTES(Job(), std::string(kUniversalExit) + kTrailer);
@@ -331,7 +326,7 @@ TEST_F(MeaningTest, BlockThatCannotBeHadStillEndsTheJobProperly) {
   destination.flags = ZE_FLAG_PJL;
   FailEach(
       "calloc", [] { fs::remove(kOutput); },
-      [&] { return ZeDatSendFile("input", kOutput, &destination, 0); },
+      [&] { return TRIED(ZeDatSendFile)("input", kOutput, &destination, 0); },
       [](std::uint32_t result) {
         EXPECT_EQ(result, ZE_OUT_OF_MEMORY);
         EXPECT_BYTES(Job(), std::string(kUniversalExit) + kTrailer);
@@ -345,7 +340,7 @@ TEST_F(MeaningTest, RefusedBlockOfAFileJobStillGetsTheFirstCommandOfItsEnd) {
     EXPECT_EQ(result, ZE_WRITE_FAILED);
     jobs.push_back(Job());
   };
-  const auto send = [&] { return ZeDatSendFile("input", kOutput, &destination, 0); };
+  const auto send = [&] { return TRIED(ZeDatSendFile)("input", kOutput, &destination, 0); };
   destination.flags = ZE_FLAG_PJL;
   FailEach(
       "fwrite", [] { fs::remove(kOutput); }, send, collect);
@@ -370,7 +365,7 @@ TEST_F(MeaningTest, EachFailureOfRewritingAFileHasItsCode) {
     fs::create_directory(temporary);
     WriteFile("text", "one\n");
   };
-  const auto call = [] { return ZeFilModify("text", 0, Shout); };
+  const auto call = [] { return TRIED(ZeFilModify)("text", 0, Shout); };
   const auto gives = [&](std::uint32_t code) {
     return [&, code](std::uint32_t result) {
       EXPECT_EQ(result, code);
@@ -392,7 +387,7 @@ TEST_F(MeaningTest, SumIsStoredEvenWhenReadingOrClosingFails) {
     WriteFile("data", Bytes("\1\0\2\0"));
     sum = 0x1234;
   };
-  const auto call = [] { return ZeFilChecksum("data", 0, 0, &sum); };
+  const auto call = [] { return TRIED(ZeFilChecksum)("data", 0, 0, &sum); };
   FailEach("close", prepare, call, [](std::uint32_t result) {
     EXPECT_EQ(result, ZE_CLOSE_FAILED);
     EXPECT_EQ(sum, 65533);
@@ -406,7 +401,7 @@ TEST_F(MeaningTest, SumIsStoredEvenWhenReadingOrClosingFails) {
 TEST_F(MeaningTest, FileThatMayNotBeReadDoesNotExist) {
   WriteFile("file", "");
   FailEach(
-      "access", [] {}, [] { return ZeFilExists("file"); },
+      "access", [] {}, [] { return TRIED(ZeFilExists)("file"); },
       [](std::uint32_t exists) { EXPECT_EQ(exists, 0U); });
 }
 
@@ -428,19 +423,16 @@ TEST_F(FaultTest, EveryWriteOfAFileJobFailingInTurnStopsItThere) {
   destination.jobName = "Letter";
   for (const char* function : {"fwrite", "fflush"}) {
     int failures = 0;
-    for (int failing = 1;; ++failing) {
-      fs::remove(LogFile());
-      ArmFault(failing);
-      const std::uint32_t result = ZeDatSendFile("input", kOutput, &destination, 0);
-      DisarmFault();
-      if (FailedFunction().empty()) break;
-      if (FailedFunction() != function) continue;
-      ++failures;
-      EXPECT_EQ(result, ZE_WRITE_FAILED);
-      const std::vector<std::string> lines = LogLines();
-      EXPECT_EQ(std::count(lines.begin(), lines.end(), ".\\ZeQue (1600): fwrite FAILED!"), 1);
-      EXPECT_EQ(lines.back(), ".\\ZeQue (1509): -GenQueClose");
-    }
+    FailEach(
+        function, [] { fs::remove(LogFile()); },
+        [&] { return TRIED(ZeDatSendFile)("input", kOutput, &destination, 0); },
+        [&](std::uint32_t result) {
+          ++failures;
+          EXPECT_EQ(result, ZE_WRITE_FAILED);
+          const std::vector<std::string> lines = LogLines();
+          EXPECT_EQ(std::count(lines.begin(), lines.end(), ".\\ZeQue (1600): fwrite FAILED!"), 1);
+          EXPECT_EQ(lines.back(), ".\\ZeQue (1509): -GenQueClose");
+        });
     EXPECT_EQ(failures, 9) << function;  // 2 of the header, 3 blocks, 4 of the trailer
   }
 }

@@ -59,17 +59,20 @@ TEST_F(FindFaultTest, Fonts) {
   PcmFile cartridge;
   cartridge.entries = {PfmFile{}.File()};
   WriteFile("fonts/cart.pcm", cartridge.File());
-  FailEachInTurn(kFonts, [] {
-    std::uint16_t count = 0;
-    ZeFoundFile* first = ZeFonFind2("fonts", &count, 26, 5, 0, 0, &Ignore);
-    const int nodes = Nodes(first);
-    EXPECT_EQ(nodes, count);
-    for (const ZeFoundFile* file = first; file != nullptr; file = file->next) {
-      EXPECT_NE(static_cast<const ZeFontInfo*>(file->info)->description[0], '\0');
-    }
-    ZeFonFindFree(first);
-    return nodes;
-  });
+  for (const bool told : {false, true}) {
+    FailEachInTurn(kFonts, [told] {
+      std::uint16_t count = 0;
+      ZeFoundFile* first = told ? TRIED(ZeFonFind2)("fonts", &count, 26, 5, 0, 0, &Ignore)
+                                : TRIED(ZeFonFind)("fonts", &count, 26, 5, 0, 0);
+      const int nodes = Nodes(first);
+      EXPECT_EQ(nodes, count);
+      for (const ZeFoundFile* file = first; file != nullptr; file = file->next) {
+        EXPECT_NE(static_cast<const ZeFontInfo*>(file->info)->description[0], '\0');
+      }
+      TRIED(ZeFonFindFree)(first);
+      return nodes;
+    });
+  }
 }
 
 // --- Memory that ends midway
@@ -100,7 +103,7 @@ class FindMemoryTest : public ScratchTest {
           count = kMost;
           fontsTold = 0;
         },
-        [&] { first = ZeFonFind2("fonts", &count, 26, 5, 0, recurse ? 1 : 0, &CountFonts); },
+        [&] { first = TRIED(ZeFonFind2)("fonts", &count, 26, 5, 0, recurse ? 1 : 0, &CountFonts); },
         [&](const std::string& failed) {
           Names names;
           for (const ZeFoundFile* file = first; file != nullptr; file = file->next) {
@@ -159,7 +162,7 @@ TEST_F(FindMemoryTest, DemosFoundBeforeAreLostWithTheNodeThatCannotBeHad) {
   ZeFoundFile* first = nullptr;
   std::int16_t count = 0;
   std::vector<int> counts;
-  EachFailure([&] { count = kMost; }, [&] { first = ZeDemFind("fonts", &count, 0, 0); },
+  EachFailure([&] { count = kMost; }, [&] { first = TRIED(ZeDemFind)("fonts", &count, 0, 0); },
               [&](const std::string& failed) {
                 if (failed == "calloc") {
                   EXPECT_EQ(first, nullptr);

@@ -22,11 +22,12 @@ class FontDownloadFaultTest : public FaultTest {
     const std::string job = std::string(kUniversalExit) + "@PJL ENTER LANGUAGE = " + language +
                             "\n" + font + kUniversalExit + "@PJL RDYMSG DISPLAY = \"\"\n" +
                             kUniversalExit;
-    FailEachInTurn({[&] { WriteFile(path, file); },
-                    [&] { return ZeFonDownload(path, kOutput, &destination, ZE_DEVICE_RAM); },
-                    {ZE_FILE_NOT_FOUND, ZE_OPEN_FAILED, ZE_READ_FAILED, ZE_WRITE_FAILED,
-                     ZE_OUT_OF_MEMORY, ZE_BAD_FORMAT},
-                    [&] { EXPECT_BYTES(Job(), job); }});
+    FailEachInTurn(
+        {[&] { WriteFile(path, file); },
+         [&] { return TRIED(ZeFonDownload)(path, kOutput, &destination, ZE_DEVICE_RAM); },
+         {ZE_FILE_NOT_FOUND, ZE_OPEN_FAILED, ZE_READ_FAILED, ZE_WRITE_FAILED, ZE_OUT_OF_MEMORY,
+          ZE_BAD_FORMAT},
+         [&] { EXPECT_BYTES(Job(), job); }});
   }
 
   static std::string Pfb() {
@@ -79,7 +80,7 @@ TEST_F(FontDownloadFaultTest, SegmentedFontThatCannotBeReadIsNotReportedAsSent) 
   int ofFont = 0;
   FailEach(
       "fread", [] { fs::remove(kOutput); },
-      [&] { return ZeFonDownload("font.pfb", kOutput, &destination, ZE_DEVICE_RAM); },
+      [&] { return TRIED(ZeFonDownload)("font.pfb", kOutput, &destination, ZE_DEVICE_RAM); },
       [&](std::uint32_t result) {
         EXPECT_TRUE(result == ZE_READ_FAILED || result == ZE_BAD_FORMAT) << result;
         if (result != ZE_READ_FAILED) return;  // it was the query's
@@ -104,7 +105,7 @@ class PpdsDownloadFaultTest : public FontDownloadFaultTest {
            kFont.substr(0, 2048) + Bytes("\x1B=\x09\0\x41\x01\x01\0\0\0\0\x01") + "x";
   }
   std::uint32_t Download() {
-    return ZeFonDownload("font.pfa", kOutput, &destination, ZE_DEVICE_RAM);
+    return TRIED(ZeFonDownload)("font.pfa", kOutput, &destination, ZE_DEVICE_RAM);
   }
 };
 

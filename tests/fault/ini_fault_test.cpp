@@ -26,10 +26,10 @@ TEST_F(IniFaultTest, OpenAndRead) {
         std::strcpy(buffer, "untouched");
       },
       [&] {
-        handle = ZeIniOpen(kFile);
+        handle = TRIED(ZeIniOpen)(kFile);
         if (handle == nullptr) return;
-        code = ZeIniRead2(handle, "s", "key", nullptr, buffer, sizeof(buffer), &count);
-        text = ZeIniRead(handle, "s", "key");
+        code = TRIED(ZeIniRead2)(handle, "s", "key", nullptr, buffer, sizeof(buffer), &count);
+        text = TRIED(ZeIniRead)(handle, "s", "key");
       },
       [&](const std::string& failed) {
         if (handle == nullptr) {
@@ -56,8 +56,8 @@ TEST_F(IniFaultTest, FailedEnumerationForgetsItsPlace) {
         EXPECT_STREQ(ZeIniRead(handle, nullptr, nullptr), "");
       },
       [&] {
-        first = ZeIniRead(handle, "s", nullptr);
-        next = ZeIniRead(handle, nullptr, nullptr);
+        first = TRIED(ZeIniRead)(handle, "s", nullptr);
+        next = TRIED(ZeIniRead)(handle, nullptr, nullptr);
       },
       [&](const std::string& failed) {
         EXPECT_STREQ(first, failed.empty() ? "a=1" : "");
@@ -68,7 +68,8 @@ TEST_F(IniFaultTest, FailedEnumerationForgetsItsPlace) {
 
 TEST_F(IniFaultTest, UpdateAndCreate) {
   for (const std::uint32_t mode : {ZE_INI_UPDATE, ZE_INI_CREATE, ZE_INI_APPEND}) {
-    EachFailure([&] { WriteFile(kFile, "[s]\na=1\n"); }, [&] { handle = ZeIniOpen2(kFile, mode); },
+    EachFailure([&] { WriteFile(kFile, "[s]\na=1\n"); },
+                [&] { handle = TRIED(ZeIniOpen2)(kFile, mode); },
                 [&](const std::string& failed) {
                   if (handle == nullptr) {
                     EXPECT_FALSE(failed.empty());
@@ -86,11 +87,11 @@ TEST_F(IniFaultTest, Edits) {
   std::uint32_t results[kEdits];
   EachFailure([&] { Open("[s]\na=1\nb=2\n"); },
               [&] {
-                results[0] = ZeIniWrite(handle, "s", "a", "a longer value");
-                results[1] = ZeIniWrite(handle, "s", "c", "3");
-                results[2] = ZeIniWrite(handle, "t", "d", "4");
-                results[3] = ZeIniWriteAll(handle, "s", "c", "5");
-                results[4] = ZeIniDelete(handle, "s", "b", nullptr);
+                results[0] = TRIED(ZeIniWrite)(handle, "s", "a", "a longer value");
+                results[1] = TRIED(ZeIniWrite)(handle, "s", "c", "3");
+                results[2] = TRIED(ZeIniWrite)(handle, "t", "d", "4");
+                results[3] = TRIED(ZeIniWriteAll)(handle, "s", "c", "5");
+                results[4] = TRIED(ZeIniDelete)(handle, "s", "b", nullptr);
               },
               [&](const std::string& failed) {
                 EXPECT_EQ(std::count(results, results + kEdits, 0U), failed.empty() ? 0 : 1);
@@ -114,7 +115,7 @@ TEST_F(IniFaultTest, Close) {
         EXPECT_EQ(ZeIniWrite(handle, "s", "a", "2"), 1U);
       },
       [&] {
-        result = ZeIniClose(handle);
+        result = TRIED(ZeIniClose)(handle);
         handle = nullptr;
       },
       [&](const std::string& failed) {

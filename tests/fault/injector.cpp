@@ -22,6 +22,9 @@ bool armed = false;
 int countdown = 0;
 int counted = 0;
 const char* failed = "";
+const char* exportNow = "";
+const char* exportFailed = "";
+std::set<std::string> tried;
 
 // True when this call is the one that is to fail.
 bool Fails(const char* function, int error) {
@@ -29,6 +32,7 @@ bool Fails(const char* function, int error) {
   ++counted;
   if (countdown == 0 || --countdown != 0) return false;
   failed = function;
+  exportFailed = exportNow;
   errno = error;
   return true;
 }
@@ -39,12 +43,22 @@ void ArmFault(int failing) {
   countdown = failing;
   counted = 0;
   failed = "";
+  exportNow = exportFailed = "";
   armed = true;
 }
 
 void DisarmFault() { armed = false; }
 int CountedCalls() { return counted; }
 std::string FailedFunction() { return failed; }
+std::string FailedExport() { return exportFailed; }
+const std::set<std::string>& TriedExports() { return tried; }
+
+void NoteExport(const char* name) {
+  if (!armed) return;
+  const OutsideLibrary own;  // what the note takes is not counted
+  exportNow = name;
+  tried.insert(name);
+}
 
 std::size_t OpenDescriptors() {
   const std::filesystem::directory_iterator all("/proc/self/fd");

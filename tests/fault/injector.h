@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <set>
 #include <string>
 
 namespace zeapi::testing {
@@ -18,6 +19,16 @@ int CountedCalls();
 
 // Name of the function that was made to fail; empty when the count did not get there.
 std::string FailedFunction();
+
+// Calls an export and takes note of it: TRIED(ZeFilCopy)("source", "copy").
+#define TRIED(name) (::zeapi::testing::NoteExport(#name), name)
+void NoteExport(const char* name);
+
+// The export that was last noted when the function failed.
+std::string FailedExport();
+
+// All that were noted while a fault was armed.
+const std::set<std::string>& TriedExports();
 
 // Open files and folders of this process; not while a fault is armed.
 std::size_t OpenDescriptors();

@@ -33,32 +33,34 @@ TEST_F(MacroFaultTest, CreateFixedUp) {
                               "E" +
                                   text);
                   },
-                  [&] { return ZeMacCreate("macro", kOutput, &destination, &macro); },
+                  [&] { return TRIED(ZeMacCreate)("macro", kOutput, &destination, &macro); },
                   kFileJobCodes, [&] { EXPECT_BYTES(Job(), "\x1B&f12y0X" + text + "\x1B&f1X"); }});
 }
 
 TEST_F(MacroFaultTest, StoreOnADevice) {
-  FailEachInTurn(
-      {[&] {
-         WriteFile("macro",
-                   "\x1B"
-                   "E" +
-                       text);
-       },
-       [&] { return ZeMacDownload("macro", kOutput, &destination, &macro, ZE_MACRO_STORE, 29); },
-       kFileJobCodes,
-       [&] {
-         EXPECT_BYTES(Job(),
-                      "\x1B%-12345X@PJL ENTER LANGUAGE = PCL\n"
-                      "\x1B%-12345X@PJL SET LDOWNLOADTARGET = disk1\n"
-                      "\x1B&f12y0X" +
-                          text +
-                          "\x1B&f1X\x1B&f12y10X"
-                          "\x1B%-12345X@PJL SET LDOWNLOADTARGET = ram\n"
-                          "@PJL DEFAULT LRESOURCE:\"disk1:12.p5macro\" LDESCRIPTION = "
-                          "\"MACRO\"\n"
-                          "\x1B%-12345X@PJL RDYMSG DISPLAY = \"\"\n\x1B%-12345X");
-       }});
+  FailEachInTurn({[&] {
+                    WriteFile("macro",
+                              "\x1B"
+                              "E" +
+                                  text);
+                  },
+                  [&] {
+                    return TRIED(ZeMacDownload)("macro", kOutput, &destination, &macro,
+                                                ZE_MACRO_STORE, 29);
+                  },
+                  kFileJobCodes,
+                  [&] {
+                    EXPECT_BYTES(Job(),
+                                 "\x1B%-12345X@PJL ENTER LANGUAGE = PCL\n"
+                                 "\x1B%-12345X@PJL SET LDOWNLOADTARGET = disk1\n"
+                                 "\x1B&f12y0X" +
+                                     text +
+                                     "\x1B&f1X\x1B&f12y10X"
+                                     "\x1B%-12345X@PJL SET LDOWNLOADTARGET = ram\n"
+                                     "@PJL DEFAULT LRESOURCE:\"disk1:12.p5macro\" LDESCRIPTION = "
+                                     "\"MACRO\"\n"
+                                     "\x1B%-12345X@PJL RDYMSG DISPLAY = \"\"\n\x1B%-12345X");
+                  }});
 }
 
 TEST_F(MacroFaultTest, PrintAPpdsMacroOnce) {
@@ -68,7 +70,8 @@ TEST_F(MacroFaultTest, PrintAPpdsMacroOnce) {
   // A size that the system does not tell counts as 0: the header then says 3.
   FailEachInTurn(
       {[&] { WriteFile("macro", text); },
-       [&] { return ZeMacDownload("macro", kOutput, &destination, &macro, 1, 29); }, kFileJobCodes,
+       [&] { return TRIED(ZeMacDownload)("macro", kOutput, &destination, &macro, 1, 29); },
+       kFileJobCodes,
        [&] {
          std::string job = Job();
          if (job.size() > 3 && job[3] == 3) job[3] = static_cast<char>(3003);
@@ -79,9 +82,10 @@ TEST_F(MacroFaultTest, PrintAPpdsMacroOnce) {
 
 // Failed writes of these two are not reported, so that nothing can be said of their jobs.
 TEST_F(MacroFaultTest, ActivateAndDelete) {
+  FailEachInTurn({[] {}, [&] { return TRIED(ZeMacActivate)(kOutput, &destination, 1); },
+                  kFileJobCodes, [] {}});
   FailEachInTurn(
-      {[] {}, [&] { return ZeMacActivate(kOutput, &destination, 1); }, kFileJobCodes, [] {}});
-  FailEachInTurn({[] {}, [&] { return ZeMacDelete(kOutput, &destination); }, kFileJobCodes, [] {}});
+      {[] {}, [&] { return TRIED(ZeMacDelete)(kOutput, &destination); }, kFileJobCodes, [] {}});
 }
 
 TEST_F(MacroFaultTest, Validate) {
@@ -94,27 +98,23 @@ TEST_F(MacroFaultTest, Validate) {
                                   text);
                     WriteFile("fixup.mac", "left by an earlier run\x1B&f1X");
                   },
-                  [&] { return ZeMacValidate("macro", &destination, &macro); }, codes,
+                  [&] { return TRIED(ZeMacValidate)("macro", &destination, &macro); }, codes,
                   [&] { EXPECT_BYTES(ReadFile("fixup.mac"), text); }});
 }
 
 TEST_F(MacroFaultTest, NoFailureMakesABadMacroGood) {
   WriteFile("macro", text + "\x1B&f1X");
-  for (int failing = 1;; ++failing) {
-    WriteFile("fixup.mac", "left by an earlier run");
-    ArmFault(failing);
-    const std::uint32_t result = ZeMacValidate("macro", &destination, &macro);
-    DisarmFault();
-    EXPECT_NE(result, ZE_OK) << FailedFunction();
-    if (FailedFunction().empty()) break;
-  }
+  std::uint32_t result = ZE_OK;
+  EachFailure([] { WriteFile("fixup.mac", "left by an earlier run"); },
+              [&] { result = TRIED(ZeMacValidate)("macro", &destination, &macro); },
+              [&](const std::string&) { EXPECT_NE(result, ZE_OK); });
 }
 
 TEST_F(MacroFaultTest, DemoAsPostScriptFile) {
   demo.method = ZE_DEMO_POSTSCRIPT;
   destination.flags = 0;
   FailEachInTurn({[&] { WriteFile("demo", "AB"); },
-                  [&] { return ZeDemDownload("demo", kOutput, &destination, &demo); },
+                  [&] { return TRIED(ZeDemDownload)("demo", kOutput, &destination, &demo); },
                   kFileJobCodes,
                   [&] {
                     EXPECT_NE(Job().find("loop\n4142>\nstatusdict begin"), std::string::npos);
@@ -126,7 +126,7 @@ TEST_F(MacroFaultTest, DemoAsPjlFile) {
   demo.method = ZE_DEMO_PJL_FILE;
   FailEachInTurn(
       {[&] { WriteFile("demo", text); },
-       [&] { return ZeDemDownload("demo", kOutput, &destination, &demo); }, kFileJobCodes,
+       [&] { return TRIED(ZeDemDownload)("demo", kOutput, &destination, &demo); }, kFileJobCodes,
        [&] {
          EXPECT_NE(Job().find("START=0 \n" + text + "@PJL END DATA\n"), std::string::npos);
          EXPECT_EQ(Job().substr(Job().size() - 9), kUniversalExit);
@@ -139,22 +139,23 @@ TEST_F(MacroFaultTest, SearchesListNothingButWhatIsThere) {
   WriteFile("folder/good", "text");
   WriteFile("folder/stop", "\x1B&f1X");
   for (const bool macros : {false, true}) {
-    for (int failing = 1;; ++failing) {
-      std::int16_t count = 0;
-      const std::size_t before = OpenDescriptors();
-      ArmFault(failing);
-      ZeFoundFile* list = macros ? ZeMacFind("folder", &count, ZE_LANGUAGE_PCL, 0, 0)
-                                 : ZeDemFind("folder", &count, 0, 0);
-      DisarmFault();
-      for (const ZeFoundFile* file = list; file != nullptr; file = file->next) {
-        EXPECT_TRUE(!macros || std::strcmp(file->path, "folder\\good") == 0) << file->path;
-      }
-      ZeFonFindFree(list);
-      EXPECT_EQ(OpenDescriptors(), before);
-      if (!FailedFunction().empty()) continue;
-      EXPECT_EQ(count, macros ? 1 : 2);
-      break;
-    }
+    std::int16_t count = 0;
+    ZeFoundFile* list = nullptr;
+    EachFailure([&] { count = 0; },
+                [&] {
+                  list = macros ? TRIED(ZeMacFind)("folder", &count, ZE_LANGUAGE_PCL, 0, 0)
+                                : TRIED(ZeDemFind)("folder", &count, 0, 0);
+                },
+                [&](const std::string& failed) {
+                  for (const ZeFoundFile* file = list; file != nullptr; file = file->next) {
+                    EXPECT_TRUE(!macros || std::strcmp(file->path, "folder\\good") == 0)
+                        << file->path;
+                  }
+                  ZeFonFindFree(list);
+                  if (failed.empty()) {
+                    EXPECT_EQ(count, macros ? 1 : 2);
+                  }
+                });
   }
 }
 
@@ -164,7 +165,7 @@ TEST_F(MacroFaultTest, FileThatCannotBeReadLeavesOutTheStopOfACreation) {
   WriteFile("macro", "text");
   FailEach(
       "fread", [] { fs::remove(kOutput); },
-      [&] { return ZeMacCreate("macro", kOutput, &destination, &macro); },
+      [&] { return TRIED(ZeMacCreate)("macro", kOutput, &destination, &macro); },
       [](std::uint32_t result) {
         EXPECT_EQ(result, ZE_READ_FAILED);
         EXPECT_BYTES(Job(), "\x1B&f12y0X");
@@ -172,7 +173,7 @@ TEST_F(MacroFaultTest, FileThatCannotBeReadLeavesOutTheStopOfACreation) {
   macro.macroFlags = ZE_MACRO_FIX_UP;
   FailEach(
       "fread", [] { fs::remove(kOutput); },
-      [&] { return ZeMacCreate("macro", kOutput, &destination, &macro); },
+      [&] { return TRIED(ZeMacCreate)("macro", kOutput, &destination, &macro); },
       [](std::uint32_t result) { EXPECT_EQ(result, ZE_READ_FAILED); });
 }
 
@@ -181,7 +182,7 @@ TEST_F(MacroFaultTest, FileThatCannotBeReadStillEndsADownload) {
   WriteFile("macro", "text");
   FailEach(
       "fread", [] { fs::remove(kOutput); },
-      [&] { return ZeMacDownload("macro", kOutput, &destination, &macro, 1, 29); },
+      [&] { return TRIED(ZeMacDownload)("macro", kOutput, &destination, &macro, 1, 29); },
       [](std::uint32_t result) {
         EXPECT_EQ(result, ZE_READ_FAILED);
         const std::string job = Job();
@@ -194,7 +195,7 @@ TEST_F(MacroFaultTest, BuffersThatCannotBeHadGiveOutOfMemory) {
   WriteFile("macro", "text");
   FailEach(
       "calloc", [] { fs::remove(kOutput); },
-      [&] { return ZeMacCreate("macro", kOutput, &destination, &macro); },
+      [&] { return TRIED(ZeMacCreate)("macro", kOutput, &destination, &macro); },
       [](std::uint32_t result) {
         EXPECT_EQ(result, ZE_OUT_OF_MEMORY);
         EXPECT_BYTES(Job(), "\x1B&f12y0X");
@@ -206,7 +207,7 @@ TEST_F(MacroFaultTest, EachFileThatDoesNotOpenGivesOpenFailed) {
   WriteFile("macro", "text");
   int failures = 0;
   FailEach(
-      "open", [] {}, [&] { return ZeMacValidate("macro", &destination, &macro); },
+      "open", [] {}, [&] { return TRIED(ZeMacValidate)("macro", &destination, &macro); },
       [&](std::uint32_t result) {
         EXPECT_TRUE(result == ZE_OPEN_FAILED || result == ZE_OK);
         if (result == ZE_OPEN_FAILED) ++failures;
@@ -218,7 +219,7 @@ TEST_F(MacroFaultTest, MemoryThatRunsOutInTheMiddleOfAJobLeavesNoFileOpen) {
   destination.flags = 0;
   demo.method = ZE_DEMO_BRACKET_D;
   WriteFile("demo", "AB");
-  FailEachInTurn({[] {}, [&] { return ZeDemDownload("demo", kOutput, &destination, &demo); },
+  FailEachInTurn({[] {}, [&] { return TRIED(ZeDemDownload)("demo", kOutput, &destination, &demo); },
                   kFileJobCodes, [&] { EXPECT_BYTES(Job().substr(Job().size() - 2), "AB"); }});
   destination.language = ZE_LANGUAGE_PCLXL;
   const std::string page = xl::Session(xl::Page(xl::Body()));
@@ -228,7 +229,7 @@ TEST_F(MacroFaultTest, MemoryThatRunsOutInTheMiddleOfAJobLeavesNoFileOpen) {
   FailEachInTurn({[] {
                     for (const char* file : {"in.str", "temp.str", "out.str"}) fs::remove(file);
                   },
-                  [&] { return ZeMacCreate("page", kOutput, &destination, &macro); }, codes,
+                  [&] { return TRIED(ZeMacCreate)("page", kOutput, &destination, &macro); }, codes,
                   [] {}});
 }
 

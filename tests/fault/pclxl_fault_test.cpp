@@ -2,18 +2,15 @@
 // once a failure is known, and what an earlier call left is never sent, but for the one case that
 // is kept.
 #include <functional>
-#include <map>
 
 #include "base/stream.h"
-#include "fault/injector.h"
+#include "fault/each_failure.h"
 #include "pclxl/stream_fixup.h"
 #include "support/job.h"
 #include "support/pclxl.h"
 
 namespace zeapi::testing {
 namespace {
-
-namespace fs = std::filesystem;
 
 constexpr char kEarlier[] = "what an earlier call left";
 
@@ -27,115 +24,93 @@ class PclXlFaultTest : public JobTest {
     WriteFile("source", "\x1B%-12345X" + xl::Session(xl::Page(body)));
   }
 
-  // Runs the call once for each failure and says of which function.
-  static void FailEach(const std::function<void()>& call,
-                       const std::function<void(const std::string& function)>& check) {
-    std::map<std::string, int> functions;
-    for (int failing = 1;; ++failing) {
-      for (const char* file : {"in.str", "temp.str", "out.str", "fixup.str"})
-        WriteFile(file, kEarlier);
-      const std::size_t before = OpenDescriptors();
-      armed = failing;
-      call();
-      const std::string function = FailedFunction();
-      SCOPED_TRACE("failure " + std::to_string(failing) + ", of " + function);
-      check(function);
-      EXPECT_EQ(OpenDescriptors(), before);
-      if (function.empty() || HasFailure()) break;
-      ++functions[function];
-    }
-    for (const auto& [function, times] : functions)
-      std::printf("  %s: %d\n", function.c_str(), times);
+  // Tries `call` under each failure, with the source open and earlier work files about.
+  void FailEach(const std::function<void()>& open, const std::function<void()>& call,
+                const std::function<void()>& close,
+                const std::function<void(const std::string& failed)>& check) {
+    FailurePoints points = EachFailure(
+        [&] {
+          for (const char* name : {"in.str", "temp.str", "out.str", "fixup.str"})
+            WriteFile(name, kEarlier);
+          source = Stream(std::fopen("source", "rb"));
+          open();
+        },
+        call,
+        [&](const std::string& failed) {
+          close();
+          source.reset();
+          check(failed);
+        });
     for (const char* function : {"open", "fread", "fwrite", "fflush", "fclose", "fseek", "calloc"})
-      EXPECT_GT(functions[function], 0) << function;
-    EXPECT_EQ(functions["new"], 1);
+      EXPECT_GT(points[function], 0) << function;
+    EXPECT_EQ(points["new"], 1);
   }
 
-  // Number of the failure for the next call.
-  static int armed;
+  // The same of sending to a printer, whose job ends before the check.
+  void FailEachSend(bool macro, const std::function<void(const std::string& failed)>& check) {
+    GenQueContext ctx;
+    FailEach(
+        [&] {
+          ResetSpooler();
+          UsePrinter();
+          ctx = {};
+          ctx.destination = &destination;
+          ASSERT_EQ(GenQueOpen(kOutput, &ctx), ZE_OK);
+        },
+        [&] { result = StreamFixupSend(source.get(), &ctx, 0, "Form", macro); },
+        [&] { GenQueClose(&ctx); }, check);
+  }
+
+  Stream source;
   std::string body;
   Result result = ZE_OK;
 };
 
-int PclXlFaultTest::armed = 0;
-
 TEST_F(PclXlFaultTest, FixupSendsAllOrNothing) {
-  FailEach(
-      [this] {
-        ResetSpooler();
-        UsePrinter();
-        GenQueContext ctx;
-        ctx.destination = &destination;
-        const Stream file(std::fopen("source", "rb"));
-        ASSERT_EQ(GenQueOpen(kOutput, &ctx), ZE_OK);
-        ArmFault(armed);
-        result = StreamFixupSend(file.get(), &ctx, 0, "Form", true);
-        DisarmFault();
-        GenQueClose(&ctx);
-      },
-      [this](const std::string& function) {
-        const std::string whole = xl::Stored("Form", body, true);
-        if (function == "new") {
-          // Kept: without the reader's memory the call succeeds with the earlier content.
-          EXPECT_EQ(result, ZE_OK);
-          EXPECT_BYTES(Spooler().data, kEarlier);
-        } else if (result == ZE_OK) {
-          EXPECT_BYTES(Spooler().data, whole);
-        } else if (result == ZE_READ_FAILED) {
-          EXPECT_EQ(function, "fread");
-          EXPECT_TRUE(whole.starts_with(Spooler().data));
-        } else {
-          EXPECT_TRUE(result == ZE_OPEN_FAILED || result == ZE_OUT_OF_MEMORY ||
-                      result == ZE_FIXUP_FAILED)
-              << result;
-          EXPECT_BYTES(Spooler().data, "");
-        }
-      });
+  const std::string whole = xl::Stored("Form", body, true);
+  FailEachSend(true, [&](const std::string& function) {
+    if (function == "new") {
+      // Kept: without the reader's memory the call succeeds with the earlier content.
+      EXPECT_EQ(result, ZE_OK);
+      EXPECT_BYTES(Spooler().data, kEarlier);
+    } else if (result == ZE_OK) {
+      EXPECT_BYTES(Spooler().data, whole);
+    } else if (result == ZE_READ_FAILED) {
+      EXPECT_EQ(function, "fread");
+      EXPECT_TRUE(whole.starts_with(Spooler().data));
+    } else {
+      EXPECT_TRUE(result == ZE_OPEN_FAILED || result == ZE_OUT_OF_MEMORY ||
+                  result == ZE_FIXUP_FAILED)
+          << result;
+      EXPECT_BYTES(Spooler().data, "");
+    }
+  });
 }
 
 TEST_F(PclXlFaultTest, ValidationThatSucceedsHasWrittenAll) {
-  FailEach(
-      [this] {
-        const Stream file(std::fopen("source", "rb"));
-        ZeMacroInfo macro = {2, "Form", 0, 1, {}, 0};
-        ArmFault(armed);
-        result = XlValidateStreamFile(file.get(), &destination, &macro);
-        DisarmFault();
-      },
-      [this](const std::string& function) {
-        if (function == "new") {
-          EXPECT_EQ(result, ZE_OK);
-          EXPECT_BYTES(ReadFile("fixup.str"), kEarlier);
-        } else if (result == ZE_OK) {
-          EXPECT_BYTES(ReadFile("fixup.str"), xl::Stored("Form", body, false));
-        } else {
-          EXPECT_TRUE(result == ZE_OPEN_FAILED || result == ZE_OUT_OF_MEMORY ||
-                      result == ZE_FIXUP_FAILED || result == ZE_READ_FAILED ||
-                      result == ZE_WRITE_FAILED || result == ZE_CLOSE_FAILED)
-              << result;
-        }
-      });
+  ZeMacroInfo macro = {2, "Form", 0, 1, {}, 0};
+  FailEach([] {}, [&] { result = XlValidateStreamFile(source.get(), &destination, &macro); }, [] {},
+           [&](const std::string& function) {
+             if (function == "new") {
+               EXPECT_EQ(result, ZE_OK);
+               EXPECT_BYTES(ReadFile("fixup.str"), kEarlier);
+             } else if (result == ZE_OK) {
+               EXPECT_BYTES(ReadFile("fixup.str"), xl::Stored("Form", body, false));
+             } else {
+               EXPECT_TRUE(result == ZE_OPEN_FAILED || result == ZE_OUT_OF_MEMORY ||
+                           result == ZE_FIXUP_FAILED || result == ZE_READ_FAILED ||
+                           result == ZE_WRITE_FAILED || result == ZE_CLOSE_FAILED)
+                   << result;
+             }
+           });
 }
 
 // Each work file is full, or cannot be read or closed, at each of its calls.
 TEST_F(PclXlFaultTest, FailuresOfWorkFilesGiveFixupFailed) {
-  std::map<std::string, int> failures;
-  FailEach(
-      [this] {
-        ResetSpooler();
-        UsePrinter();
-        GenQueContext ctx;
-        ctx.destination = &destination;
-        const Stream file(std::fopen("source", "rb"));
-        ASSERT_EQ(GenQueOpen(kOutput, &ctx), ZE_OK);
-        ArmFault(armed);
-        result = StreamFixupSend(file.get(), &ctx, 0, "Form", false);
-        DisarmFault();
-        GenQueClose(&ctx);
-      },
-      [&](const std::string& function) {
-        if (result == ZE_FIXUP_FAILED) ++failures[function];
-      });
+  FailurePoints failures;
+  FailEachSend(false, [&](const std::string& function) {
+    if (result == ZE_FIXUP_FAILED) ++failures[function];
+  });
   // 10 blocks of "in.str"; in "temp.str" 9 blocks and a rest; the rows of "out.str" without its
   // body, and the body.
   EXPECT_GE(failures["fwrite"], 10 + 10 + 18 + 9);

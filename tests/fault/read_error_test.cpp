@@ -40,12 +40,13 @@ class ReadErrorTest : public FaultTest {
     demo.method = method;
     const std::size_t block = method == ZE_DEMO_POSTSCRIPT ? 1024 : 2048;
     FailEachRead(
-        block, [&] { return ZeDemDownload("file", kOutput, &destination, &demo); }, job);
+        block, [&] { return TRIED(ZeDemDownload)("file", kOutput, &destination, &demo); }, job);
   }
   void FailEachReadOfMacro(std::int32_t mode, std::uint32_t wrap,
                            const std::function<std::string(const std::string& sent)>& job) {
     FailEachRead(
-        2048, [&] { return ZeMacDownload("file", kOutput, &destination, &macro, mode, wrap); },
+        2048,
+        [&] { return TRIED(ZeMacDownload)("file", kOutput, &destination, &macro, mode, wrap); },
         job);
   }
 
@@ -152,7 +153,7 @@ TEST_F(ReadErrorTest, PclXlMacroSentRaw) {
 
 TEST_F(ReadErrorTest, MacroCreated) {
   FailEachRead(
-      2048, [&] { return ZeMacCreate("file", kOutput, &destination, &macro); },
+      2048, [&] { return TRIED(ZeMacCreate)("file", kOutput, &destination, &macro); },
       [](const std::string& sent) { return "\x1B&f12y0X" + sent; });
 }
 

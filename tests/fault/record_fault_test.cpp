@@ -45,7 +45,7 @@ TEST_F(RecordFaultTest, Options) {
                                       Container(3, {Container(9, {Integer(1, 5)}),
                                                     Container(9, {Integer(1, 6)})})})})}));
   ZeOptionInfo* info = nullptr;
-  EachFailure([] {}, [&] { info = ZeParseOptionInfo(record.data()); },
+  EachFailure([] {}, [&] { info = TRIED(ZeParseOptionInfo)(record.data()); },
               [&](const std::string& failed) {
                 EXPECT_TRUE(IsWhole(info) || TakesMemory(failed));
                 if (info != nullptr) ExpectSound(*info);
@@ -59,7 +59,7 @@ TEST_F(RecordFaultTest, JobAccounting) {
                                   Container(2, {Text(1, "First"), Integer(10, -210)})}),
                     Container(3, {Container(1, {Integer(1, 1)}), Container(2, {Integer(1, 2)})})}));
   ZeJobAccount* account = nullptr;
-  EachFailure([] {}, [&] { account = ZeParseJobAccountingAlert(record.data()); },
+  EachFailure([] {}, [&] { account = TRIED(ZeParseJobAccountingAlert)(record.data()); },
               [&](const std::string& failed) {
                 const bool hasJob = account != nullptr && account->job != nullptr;
                 const bool hasTotals = account != nullptr && account->totals != nullptr;

@@ -3,11 +3,16 @@
 archive and web link, on a real queue."""
 
 import os
+import pathlib
+import sys
 import zipfile
 
-import jobs
-import spooler_case
-from spooler_case import QUEUE
+sys.path.append(str(pathlib.Path(__file__).resolve().parents[1] / "support"))
+
+import jobs  # noqa: E402
+import spooler_case  # noqa: E402
+from printer_record import option_item, option_record  # noqa: E402
+from spooler_case import QUEUE  # noqa: E402
 
 PANEL = b"[Format]\nStyle=2\n[Dialogs]\n1=Paper\n[Paper]\nNumCtrls=2\nDefaults=1A;5;2B;-3\n"
 LETTER = b"\x1bE\x1b&l0OLetterhead\r\n\x0c"
@@ -16,7 +21,7 @@ ORDER = b"An order\n" * 1000
 EXIT = jobs.UNIVERSAL_EXIT
 FRAME_START = EXIT + jobs.ready(b"Set up") + jobs.ENTER_PCL
 FRAME_END = EXIT + jobs.CLEAR_DISPLAY + EXIT
-KEYS = b"\0\1P{ID:1,DT:1}C{NE:1,LD:2}D{LD:1,DA:0}"
+OPTIONS = option_record(option_item(11, 0, b"tray"), option_item(12, 0, b"duplex"))
 
 
 def target(device):
@@ -28,25 +33,13 @@ def font():
     return b"\x1b)s64W" + header + b"Courier".ljust(16) + bytes(range(256)) * 20
 
 
-def container(identifier, *children):
-    content = b"".join(children)
-    return bytes([identifier, 0, len(children)]) + len(content).to_bytes(2, "big") + content
-
-
-def option_record():
-    items = [container(7, b"\1\1\1" + bytes([number]), b"\6\2" + bytes([len(text)]) + text)
-             for number, text in ((11, b"tray"), (12, b"duplex"))]
-    body = KEYS + container(1, container(1, *items))
-    return len(body).to_bytes(2, "big") + body
-
-
 class SetupTest(spooler_case.SpoolerCase):
     def setUp(self):
         super().setUp()
         self.store("opc007.cfg", PANEL)
         self.store("letter.pcl", LETTER)
         self.store("demo.pcl", DEMO)
-        self.store("options.bin", option_record())
+        self.store("options.bin", OPTIONS)
         os.mkdir(self.path("fonts"))
         self.store("fonts/courier.sfp", font())
         with zipfile.ZipFile(self.path("forms.zip"), "w", zipfile.ZIP_DEFLATED) as archive:

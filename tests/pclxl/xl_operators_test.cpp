@@ -27,6 +27,19 @@ std::set<unsigned> Where(bool (*holds)(std::uint8_t)) {
   return codes;
 }
 
+// Of the codes below `end` those in `named` have a name, each its own.
+template <typename NameOf>
+void ExpectNamed(unsigned end, NameOf nameOf, const std::set<unsigned>& named) {
+  std::set<std::string_view> names;
+  for (unsigned code = 0; code < end; ++code) {
+    const char* name = nameOf(code);
+    EXPECT_EQ(name != nullptr, named.count(code) != 0) << code;
+    if (name != nullptr) {
+      EXPECT_TRUE(names.insert(name).second) << name;
+    }
+  }
+}
+
 const std::set<unsigned> kOperatorCodes = Codes({{0x41, 0x44},
                                                  {0x47, 0x4B},
                                                  {0x4F, 0x55},
@@ -64,14 +77,9 @@ TEST(XlClassOf, GivesEachByteItsClass) {
 }
 
 TEST(XlOperatorName, IsThereForEachOperatorAndNothingElse) {
-  std::set<std::string_view> names;
-  for (unsigned code = 0; code < 256; ++code) {
-    const char* name = XlOperatorName(static_cast<std::uint8_t>(code));
-    EXPECT_EQ(name != nullptr, kOperatorCodes.count(code) != 0) << code;
-    if (name != nullptr) {
-      EXPECT_TRUE(names.insert(name).second) << name;
-    }
-  }
+  ExpectNamed(
+      256, [](unsigned code) { return XlOperatorName(static_cast<std::uint8_t>(code)); },
+      kOperatorCodes);
   EXPECT_STREQ(XlOperatorName(0x41), "BeginSession");
   EXPECT_STREQ(XlOperatorName(0x78), "SetPaintTxMode");
   EXPECT_STREQ(XlOperatorName(0x7D), "SetCharBoldValue");
@@ -135,14 +143,7 @@ TEST(XlAttributeName, KnowsTheNamedOnesAlone) {
                                           {0x8F, 0x8F},
                                           {0x9E, 0xAC},
                                           {0xAF, 0xB1}});
-  std::set<std::string_view> names;
-  for (unsigned id = 0; id < 300; ++id) {
-    const char* name = XlAttributeName(id);
-    EXPECT_EQ(name != nullptr, named.count(id) != 0) << id;
-    if (name != nullptr) {
-      EXPECT_TRUE(names.insert(name).second) << name;
-    }
-  }
+  ExpectNamed(300, XlAttributeName, named);
   EXPECT_STREQ(XlAttributeName(0x01), "CMYColor");
   EXPECT_STREQ(XlAttributeName(0x2C), "ROP3");
   EXPECT_STREQ(XlAttributeName(0x4A), "PenDashStyle");

@@ -11,7 +11,7 @@ LAYERS = ("api", "download", "pclxl", "fonts", "web", "config", "data", "parse",
 PUBLIC = "zeapi.h"
 HOST_FOLDERS = ("platform/posix", "platform/win32")
 PROGRAM = "tools/zeapi"
-# The listing of PCL XL is not exported, so its command reaches inside.
+# The listing of PCL XL is not exported, and no call tells how many files an extraction is to make.
 REACHES_INSIDE = ("tools/zeapi/archive_members.cpp", "tools/zeapi/commands/pclxl.cpp")
 
 

@@ -1,18 +1,10 @@
-"""Runs `zeapi pclxl list` on jobs that its reader accepts and no stream can be made of.
-
-Usage: pclxl_list_test.py COMMAND...    (the program, with what runs it in front where it needs that)
-"""
+"""zeapi pclxl: listings of jobs that the reader accepts and no stream can be made of."""
 
 import json
-import os
-import subprocess
-import sys
-import tempfile
-import unittest
 
-COMMAND = []
+import program_case
+from program_case import UEL
 
-UEL = b"\x1b%-12345X"
 HEADER = b") HP-PCL XL;1;1;\n"
 BEGIN_SESSION, END_SESSION, BEGIN_PAGE, END_PAGE, TEXT = b"\x41", b"\x42", b"\x43", b"\x44", b"\xa8"
 
@@ -29,23 +21,13 @@ def page(data):
     return BEGIN_PAGE + TEXT + b"\xfb" + bytes([len(data)]) + data + END_PAGE
 
 
-class PclXlList(unittest.TestCase):
-    def setUp(self):
-        folder = tempfile.TemporaryDirectory()
-        self.addCleanup(folder.cleanup)
-        self.folder = folder.name
-
-    def run_program(self, *arguments):
-        return subprocess.run(COMMAND + list(arguments), cwd=self.folder, stdin=subprocess.DEVNULL,
-                              stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True)
-
+class PclXl(program_case.ProgramCase):
     def assert_listed(self, job, listing, count):
         """The listing and the answer of a job that is accepted."""
-        with open(os.path.join(self.folder, "job.xl"), "wb") as file:
-            file.write(job)
+        self.write("job.xl", job)
         done = self.run_program("pclxl", "list", "job.xl")
         self.assertEqual(done.stdout, f"{listing}{count} operators: {ACCEPTED}.\n")
-        self.assertEqual((done.stderr, done.returncode), ("", 0))
+        self.assertEqual(done.stderr, "")
         done = self.run_program("pclxl", "list", "job.xl", "--json")
         self.assertEqual(json.loads(done.stdout), {
             "command": "pclxl list", "result": 0, "meaning": ACCEPTED, "file": "job.xl",
@@ -53,8 +35,8 @@ class PclXlList(unittest.TestCase):
 
     def assert_storable(self, storable):
         """What the fixup makes of the job that was listed last."""
-        done = self.run_program("macro", "check", "job.xl", "--language", "pclxl", "--fixup")
-        self.assertEqual(done.returncode, 0 if storable else 46, done.stderr)
+        self.run_program("macro", "check", "job.xl", "--language", "pclxl", "--fixup",
+                         exit_code=0 if storable else 46)
 
     def test_session_without_a_page_is_listed_and_not_stored(self):
         job = UEL + HEADER + BEGIN_SESSION + END_SESSION + UEL
@@ -87,22 +69,14 @@ class PclXlList(unittest.TestCase):
                 self.assert_storable(storable)
 
     def test_pjl_line_within_the_session_ends_the_listing(self):
-        with open(os.path.join(self.folder, "job.xl"), "wb") as file:
-            file.write(HEADER + BEGIN_SESSION + b"@PJL SET X=1\n" + page(b"") + END_SESSION)
-        done = self.run_program("pclxl", "list", "job.xl")
-        self.assertEqual(done.returncode, 46)
+        job = HEADER + BEGIN_SESSION + b"@PJL SET X=1\n" + page(b"") + END_SESSION
+        self.write("job.xl", job)
+        done = self.run_program("pclxl", "list", "job.xl", exit_code=46)
         self.assertEqual(done.stdout, LISTED_HEADER + operators("BeginSession")
                          + "\nERROR. (code = 3, op = 0x40, pos = 1)\n\n")
         # Its page can be stored: the fixup drops such lines wherever they stand.
         self.assert_storable(True)
 
 
-def main():
-    # The program is started in another folder.
-    COMMAND.extend(os.path.abspath(word) if os.path.exists(word) else word for word in sys.argv[1:])
-    suite = unittest.defaultTestLoader.loadTestsFromTestCase(PclXlList)
-    sys.exit(not unittest.TextTestRunner().run(suite).wasSuccessful())
-
-
 if __name__ == "__main__":
-    main()
+    program_case.main()
