@@ -9,7 +9,8 @@ lineGoal=95
 branchGoal=90
 notRun=()
 
-step() { printf '\n== %s\n' "$*"; }
+# Says what begins, after how many minutes.
+step() { printf '\n== %d:%02d %s\n' $((SECONDS / 60)) $((SECONDS % 60)) "$*"; }
 
 # Configures and builds a preset; what the compiler says is shown when it fails.
 build() {
@@ -25,6 +26,22 @@ run_preset() {
   step "$1: build and test"
   build "$1"
   ctest --preset "$1"
+}
+
+# The tests of several presets at once. Those under Wine mostly wait: each preset has one Wine for all.
+run_side_by_side() {
+  local preset failed=0 running=()
+  for preset; do
+    ctest --preset "$preset" >"build/$preset.tests.log" 2>&1 &
+    running+=($!)
+  done
+  for preset; do
+    wait "${running[0]}" || failed=1
+    running=("${running[@]:1}")
+    step "$preset: test"
+    cat "build/$preset.tests.log"
+  done
+  return $failed
 }
 
 have() { command -v "$1" >/dev/null 2>&1; }
@@ -53,20 +70,25 @@ fi
 step "fuzz targets, $fuzzSeconds s each"
 scripts/fuzz.sh "$fuzzSeconds"
 
+windows=()
 for bits in 86 64; do
   if ! have "$([ $bits = 86 ] && echo i686 || echo x86_64)-w64-mingw32-g++-posix"; then
     notRun+=("windows-x$bits: no cross compiler")
-  elif [ $bits = 86 ] && ! have wine; then
+    continue
+  fi
+  step "windows-x$bits: build"
+  build "windows-x$bits"
+  if [ $bits = 86 ] && ! have wine; then
     notRun+=("windows-x86 under Wine: no Wine")
-    build windows-x86
   else
-    run_preset "windows-x$bits"
+    windows+=("windows-x$bits")
   fi
 done
+run_side_by_side "${windows[@]}"
 
 if [ ${#notRun[@]} -gt 0 ]; then
   printf '\nNot run here:\n'
   printf '  %s\n' "${notRun[@]}"
   [ -z "${CI:-}" ] || exit 1
 fi
-printf '\nAll tests passed.\n'
+step "all tests passed"

@@ -9,7 +9,7 @@ namespace {
 
 constexpr std::uint16_t kMacroNumberLimit = 32768;
 
-bool LanguageInRange(const ZeDestination& destination) {
+bool MacroLanguageInRange(const ZeDestination& destination) {
   return destination.language >= ZE_LANGUAGE_DEFAULT && destination.language <= ZE_LANGUAGE_PCLXL;
 }
 
@@ -21,7 +21,7 @@ bool CanSendMacro(const char* macroFile, const char* printerName, const ZeDestin
     return false;
   }
   return !SameText(macroFile, printerName) && !NameTooLong(macroFile) &&
-         !NameTooLong(printerName) && LanguageInRange(*destination);
+         !NameTooLong(printerName) && MacroLanguageInRange(*destination);
 }
 
 // What the calls that name a stored macro ask.

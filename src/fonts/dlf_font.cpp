@@ -15,7 +15,6 @@ constexpr std::uint8_t kPlain = 0x01;
 constexpr std::uint8_t kReferenced = 0x0A;
 constexpr std::size_t kLongestName = sizeof(DlfFont::name) - 1;
 constexpr std::size_t kLongestRecord = 58;
-constexpr std::uint32_t kPitchUnits = 72000;
 
 // Where a record of either form has what the library reads.
 struct Form {
@@ -57,7 +56,7 @@ const char* RemarkOf(const DlfFont& font) { return font.referenced ? "  Referenc
 void FormatFixed(const DlfFont& font, char* text, std::size_t size) {
   char pitch[24] = "";
   if (font.divisor != 0) {
-    const Tenths value = RoundTenths(static_cast<double>(kPitchUnits) / font.divisor);
+    const Tenths value = RoundTenths(static_cast<double>(kDlfPitchUnits) / font.divisor);
     std::snprintf(pitch, sizeof(pitch), "%3u.%1u", value.whole, value.tenth);
   }
   std::snprintf(text, size, "%-26s %6s pitch%s  cp:%4u%s", font.name, pitch, RemarkOf(font),

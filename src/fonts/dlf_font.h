@@ -7,6 +7,9 @@
 
 namespace zeapi {
 
+// Of an inch: what the divisor of a pitch divides.
+inline constexpr std::uint32_t kDlfPitchUnits = 72000;
+
 struct DlfFont {
   bool referenced = false;  // the short form, which refers to a font that the printer has
   bool fixedPitch = false;

@@ -5,20 +5,19 @@
 #include <string_view>
 
 #include "fonts/metrics_notice.h"
+#include "fonts/printer_memory.h"
 #include "fonts/typeface_table.h"
 
 namespace zeapi {
 namespace {
 
-constexpr std::uint32_t kPrinterOverhead = 320;  // bytes of printer memory beside the font's own
-constexpr std::uint32_t kPitchUnits = 72000;     // of an inch
 constexpr std::uint16_t kDefaultPoints = 12;
 constexpr std::uint16_t kWindowsCodePages[] = {1004, 1252};
 
 // The width of a character in dots. The divisor is a pitch in 1/72000 of an inch.
 std::uint16_t WidthOf(const DlfFont& font, std::uint16_t emDots) {
   if (font.divisor == 0) return static_cast<std::uint16_t>(emDots / 2);
-  constexpr std::uint32_t kUnitsPerDot = kPitchUnits / kMetricsResolution;
+  constexpr std::uint32_t kUnitsPerDot = kDlfPitchUnits / kMetricsResolution;
   return ToU16((std::int64_t{font.divisor} + kUnitsPerDot / 2) / kUnitsPerDot);
 }
 

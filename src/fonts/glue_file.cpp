@@ -15,7 +15,7 @@ namespace zeapi {
 namespace {
 
 constexpr std::size_t kLongestLine = 99;
-constexpr std::size_t kLargestFile = 256 << 10;
+constexpr std::size_t kLargestGlueFile = 256 << 10;
 constexpr std::int64_t kMedium = 130;  // weight of a font that names none
 
 std::string ReadText(const char* path) {
@@ -25,7 +25,7 @@ std::string ReadText(const char* path) {
   while (stream != nullptr) {
     const auto bytes = ReadUpTo(stream.get(), block);
     text.append(reinterpret_cast<const char*>(bytes.data()), bytes.size());
-    if (text.size() > kLargestFile || std::ferror(stream.get()) != 0) return {};
+    if (text.size() > kLargestGlueFile || std::ferror(stream.get()) != 0) return {};
     if (bytes.size() < block.size()) break;
   }
   return text;

@@ -11,7 +11,7 @@ namespace zeapi {
 namespace {
 
 // Larger files are not metrics: all characters of a typeface with all its pairs take a tenth of it.
-constexpr std::uint32_t kLargestFile = 4U << 20;
+constexpr std::uint32_t kLargestMetricsFile = 4U << 20;
 constexpr std::size_t kLongestName = 80;
 
 enum Tag : unsigned {
@@ -144,7 +144,7 @@ bool ReadSymbolSet(const TaggedFile& file, std::string_view wanted, IntellifontM
 
 bool ReadIntellifont(std::FILE* stream, std::string_view symbolSet, IntellifontMetrics* metrics) {
   const std::uint32_t size = StreamSize(stream);
-  if (size == 0 || size > kLargestFile) return false;
+  if (size == 0 || size > kLargestMetricsFile) return false;
   std::vector<std::uint8_t> bytes(size);
   if (ReadUpTo(stream, bytes).size() != size) return false;
   TaggedFile file(bytes);

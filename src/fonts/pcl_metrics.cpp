@@ -7,13 +7,12 @@
 #include "fonts/metrics_notice.h"
 #include "fonts/pcl_naming.h"
 #include "fonts/pcl_translation.h"
+#include "fonts/printer_memory.h"
 #include "fonts/typeface_table.h"
 #include "fonts/windows_metrics_codes.h"
 
 namespace zeapi {
 namespace {
-
-constexpr std::uint32_t kPrinterOverhead = 320;  // bytes of printer memory beside the font's own
 
 // Quarter-dots into dots, rounded.
 int Dots(int quarterDots) { return (quarterDots + 2) >> 2; }

@@ -7,16 +7,11 @@
 #include "base/byte_reader.h"
 #include "fonts/field_text.h"
 #include "fonts/font_stream.h"
+#include "fonts/pfm_layout.h"
 
 namespace zeapi {
 namespace {
 
-constexpr std::uint32_t kShortestFile = 256;
-constexpr std::size_t kSizeOffset = 2;
-constexpr std::size_t kItalicOffset = 80;
-constexpr std::size_t kWeightOffset = 83;
-constexpr std::size_t kDeviceOffset = 101;
-constexpr std::size_t kFaceOffset = 105;
 constexpr std::size_t kZeroWordOffset = 117;  // of the layout that is 32 bytes longer than it says
 constexpr std::uint32_t kLongerBy = 32;
 constexpr std::uint16_t kBold = 700;
@@ -38,17 +33,17 @@ bool IsValid(std::span<const std::uint8_t> block, std::uint32_t fileSize) {
 
 }  // namespace
 
-std::uint32_t PfmSize(std::span<const std::uint8_t> block) { return U32At(block, kSizeOffset); }
+std::uint32_t PfmSize(std::span<const std::uint8_t> block) { return U32At(block, kPfmSizeOffset); }
 
 std::uint32_t PfmFaceOffset(std::span<const std::uint8_t> block) {
-  return U32At(block, kFaceOffset);
+  return U32At(block, kPfmFaceOffset);
 }
 
 bool FaceOffsetInRange(std::uint32_t offset) { return offset > 34 && offset < 2048; }
 
 bool ReadPfmBlock(std::FILE* stream, PfmBlock* block) {
   const std::uint32_t fileSize = StreamSize(stream);
-  if (fileSize < kShortestFile) return false;
+  if (fileSize < kPfmShortestFile) return false;
   block->room = CHeapBytes<std::uint8_t>(kPfmBlock);
   if (block->room == nullptr) return false;
   block->bytes = ReadUpTo(stream, std::span(block->room.get(), kPfmBlock));
@@ -58,11 +53,11 @@ bool ReadPfmBlock(std::FILE* stream, PfmBlock* block) {
 PfmName PfmFontName(std::span<const std::uint8_t> block) {
   PfmName name = {};
   ByteReader header(block);
-  header.Seek(kItalicOffset);
+  header.Seek(kPfmItalicOffset);
   const bool italic = header.U8() != 0;
-  header.Seek(kWeightOffset);
+  header.Seek(kPfmWeightOffset);
   const bool bold = header.U16Le() >= kBold;
-  header.Seek(kFaceOffset);
+  header.Seek(kPfmFaceOffset);
   header.Seek(header.U32Le());
   if (!header.ok()) return name;
   const std::string_view face = TextIn(header.Bytes(header.remaining())).substr(0, kLongestFace);
@@ -74,7 +69,7 @@ PfmName PfmFontName(std::span<const std::uint8_t> block) {
 
 std::string PfmDeviceName(std::FILE* stream, std::span<const std::uint8_t> block) {
   std::array<std::uint8_t, 32> name;
-  const std::uint32_t offset = U32At(block, kDeviceOffset);
+  const std::uint32_t offset = U32At(block, kPfmDeviceOffset);
   if (offset == 0 || !SeekTo(stream, offset)) return {};
   return std::string(TextIn(ReadUpTo(stream, name)));
 }

@@ -6,13 +6,12 @@
 #include "fonts/field_text.h"
 #include "fonts/font_stream.h"
 #include "fonts/pfm_block.h"
+#include "fonts/pfm_layout.h"
 
 namespace zeapi {
 namespace {
 
-constexpr std::size_t kCopyrightOffset = 6;
-constexpr std::size_t kCopyrightSize = 60;
-constexpr std::size_t kExtendedMetricsSize = 22;  // as far as they are read
+constexpr std::size_t kExtendedMetricsRead = 22;  // as far as they are read
 constexpr std::size_t kLongestText = 1024;
 
 // Offsets of the tables and texts.
@@ -27,8 +26,8 @@ struct Places {
 // The extension is looked for right behind the header, where a file without a width table has it.
 bool ReadHeader(std::span<const std::uint8_t> block, PfmMetrics* metrics, Places* places) {
   ByteReader reader(block);
-  reader.Seek(kCopyrightOffset);
-  metrics->copyright = TextIn(reader.Bytes(kCopyrightSize));
+  reader.Seek(kPfmCopyrightOffset);
+  metrics->copyright = TextIn(reader.Bytes(kPfmCopyrightSize));
   reader.Seek(74);
   metrics->ascent = reader.U16Le();
   reader.Seek(83);
@@ -70,7 +69,7 @@ bool ReadText(std::FILE* stream, std::uint32_t offset, std::string* text) {
 
 bool ReadExtendedMetrics(std::FILE* stream, std::uint32_t offset, PfmMetrics* metrics) {
   if (offset == 0) return true;
-  std::array<std::uint8_t, kExtendedMetricsSize> room;
+  std::array<std::uint8_t, kExtendedMetricsRead> room;
   ByteReader reader(ReadAt(stream, offset, room));
   reader.Seek(14);
   metrics->capHeight = reader.U16Le();

@@ -6,23 +6,17 @@
 #include <tuple>
 
 #include "base/byte_writer.h"
+#include "fonts/pfm_layout.h"
 #include "platform/files.h"
 
 namespace zeapi {
 namespace {
 
-constexpr std::size_t kShortestFile = 256;
-constexpr std::size_t kCopyrightSize = 60;
 constexpr std::uint16_t kExtensionSize = 30;
 constexpr std::uint16_t kExtendedMetricsSize = 52;
 constexpr std::uint16_t kDriverInfoSize = 22;
 constexpr std::size_t kMostKernPairs = 65535;
 constexpr int kDefaultPoints = 12;
-
-// Where offsets stand that are known when what they lead to is written.
-constexpr std::size_t kSizeOffset = 2;
-constexpr std::size_t kDeviceOffset = 101;
-constexpr std::size_t kFaceOffset = 105;
 
 // Relative to the extension.
 constexpr std::size_t kExtendedMetrics = 2;
@@ -46,9 +40,9 @@ class PfmFile {
     // The names come before the tables: readers want the face name in the first 2048 bytes.
     Here(extension + kExtendedMetrics);
     ExtendedMetrics();
-    Here(kDeviceOffset);
+    Here(kPfmDeviceOffset);
     out_.Text(metrics_.device);
-    Here(kFaceOffset);
+    Here(kPfmFaceOffset);
     out_.Text(metrics_.face);
     Here(extension + kDriverInfo);
     DriverInfo();
@@ -60,8 +54,8 @@ class PfmFile {
       Here(extension + kPairKernTable);
       KernPairs();
     }
-    out_.PadTo(kShortestFile);
-    Here(kSizeOffset);
+    out_.PadTo(kPfmShortestFile);
+    Here(kPfmSizeOffset);
     return out_.Take();
   }
 
@@ -73,7 +67,7 @@ class PfmFile {
     const WindowsMetrics& m = metrics_;
     out_.U16Le(0x0100);  // version
     out_.U32Le(0);       // size
-    out_.TextField(m.copyright, kCopyrightSize);
+    out_.TextField(m.copyright, kPfmCopyrightSize);
     out_.U16Le(m.type);
     out_.U16Le(m.points);
     out_.U16Le(m.verticalResolution);

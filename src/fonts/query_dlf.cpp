@@ -7,11 +7,11 @@
 #include "fonts/field_text.h"
 #include "fonts/font_query.h"
 #include "fonts/font_stream.h"
+#include "fonts/printer_memory.h"
 
 namespace zeapi {
 namespace {
 
-constexpr std::uint32_t kPrinterOverhead = 320;  // bytes of printer memory beside the font's own
 constexpr std::size_t kFmfHeader = 184;
 constexpr std::size_t kFmfNameOffset = 52;
 

@@ -2,11 +2,10 @@
 #include "fonts/font_query.h"
 #include "fonts/pcl_font.h"
 #include "fonts/pcl_naming.h"
+#include "fonts/printer_memory.h"
 
 namespace zeapi {
 namespace {
-
-constexpr std::uint32_t kPrinterOverhead = 320;  // bytes of printer memory beside the font's own
 
 std::uint32_t FlagsOf(const PclFont& font) {
   std::uint32_t flags = ZE_FONT_BINARY;

@@ -8,14 +8,14 @@
 namespace zeapi {
 namespace {
 
-struct Row {
+struct CharacterRow {
   std::uint8_t code;
   std::string_view name;
 };
 
 // In the order of the codes. Some names are these files' own ("reqspace", "bullet1"); "asciicircum"
 // and "asciitilde" stand for the accents as well.
-constexpr Row kNames[] = {
+constexpr CharacterRow kNames[] = {
     {0x04, "macron"},
     {0x05, "breve"},
     {0x06, "dotaccent"},
@@ -288,7 +288,7 @@ GlyphName GlyphNameOf(std::uint8_t windowsCode) {
   GlyphName name = {};
   const auto row = std::lower_bound(
       std::begin(kNames), std::end(kNames), windowsCode,
-      [](const Row& candidate, std::uint8_t code) { return candidate.code < code; });
+      [](const CharacterRow& candidate, std::uint8_t code) { return candidate.code < code; });
   if (row != std::end(kNames) && row->code == windowsCode) {
     std::copy(row->name.begin(), row->name.end(), name.text);
   } else {

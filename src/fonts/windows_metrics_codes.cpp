@@ -3,12 +3,12 @@
 namespace zeapi {
 namespace {
 
-struct Row {
+struct WindowsSymbolSetRow {
   std::uint16_t symbolSet;
   WindowsSymbolSet windows;
 };
 
-constexpr Row kSymbolSets[] = {
+constexpr WindowsSymbolSetRow kSymbolSets[] = {
     {2, {0xB6, 16, "(LineDraw)"}},   // 0B
     {14, {0, 18, ""}},               // 0N
     {21, {0, 4, ""}},                // 0U
@@ -29,7 +29,7 @@ constexpr std::uint16_t kWeights[] = {100, 100, 200, 200, 300, 300, 400, 400,
 }  // namespace
 
 WindowsSymbolSet WindowsSymbolSetOf(std::uint16_t symbolSet, std::uint8_t fontType) {
-  for (const Row& row : kSymbolSets) {
+  for (const WindowsSymbolSetRow& row : kSymbolSets) {
     if (row.symbolSet == symbolSet) return row.windows;
   }
   return {0, static_cast<std::uint8_t>(fontType != 0 ? 17 : 16), ""};

@@ -9,7 +9,7 @@ namespace {
 
 constexpr std::uint8_t kEscape = 0x1B;
 constexpr std::string_view kAfterEscape = "%-12345X";
-constexpr std::string_view kPjl = "PJL";
+constexpr std::string_view kAfterAt = "PJL";
 
 // Bytes that were read to look ahead.
 class LookAhead {
@@ -50,8 +50,8 @@ bool TakeUniversalExit(filter::ByteReader* reader) {
 // Looks at what follows an "@". True for a line of job control, which is then read.
 bool TakePjlLine(filter::ByteReader* reader) {
   LookAhead ahead(reader);
-  ahead.Read(kPjl.size());
-  if (ahead.text() != kPjl) {
+  ahead.Read(kAfterAt.size());
+  if (ahead.text() != kAfterAt) {
     ahead.GiveBack();
     return false;
   }

@@ -11,7 +11,7 @@ namespace zeapi {
 namespace {
 
 constexpr std::string_view kUniversalExit = "\x1B%-12345X";
-constexpr std::string_view kPjl = "@PJL";
+constexpr std::string_view kJobLine = "@PJL";
 
 // Goes past these bytes if they are next.
 bool Take(std::string_view bytes, XlInput* input) {
@@ -32,7 +32,7 @@ void SkipLine(XlInput* input) {
 void SkipJobControl(XlInput* input) {
   if (Take(std::string_view("\0", 1), input)) input->Skip(3);
   for (;;) {
-    if (Take(kPjl, input)) {
+    if (Take(kJobLine, input)) {
       SkipLine(input);
     } else if (!Take(kUniversalExit, input)) {
       return;

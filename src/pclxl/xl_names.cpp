@@ -3,12 +3,12 @@
 namespace zeapi {
 namespace {
 
-struct AttributeName {
+struct NamedAttribute {
   std::uint8_t id;
   const char* name;
 };
 
-constexpr AttributeName kAttributes[] = {
+constexpr NamedAttribute kAttributes[] = {
     {0x01, "CMYColor"},
     {0x02, "PaletteDepth"},
     {0x03, "ColorSpace"},
@@ -213,7 +213,7 @@ constexpr EnumerationName kEnumerations[] = {
 }  // namespace
 
 const char* XlAttributeName(std::uint32_t id) {
-  for (const AttributeName& attribute : kAttributes) {
+  for (const NamedAttribute& attribute : kAttributes) {
     if (attribute.id == id) return attribute.name;
   }
   return nullptr;

@@ -21,7 +21,7 @@ namespace {
 bool armed = false;
 int countdown = 0;
 int counted = 0;
-const char* failed = "";
+const char* failedFunction = "";
 const char* exportNow = "";
 const char* exportFailed = "";
 std::set<std::string> tried;
@@ -31,7 +31,7 @@ bool Fails(const char* function, int error) {
   if (!armed || outsideLibrary != 0) return false;
   ++counted;
   if (countdown == 0 || --countdown != 0) return false;
-  failed = function;
+  failedFunction = function;
   exportFailed = exportNow;
   errno = error;
   return true;
@@ -42,14 +42,14 @@ bool Fails(const char* function, int error) {
 void ArmFault(int failing) {
   countdown = failing;
   counted = 0;
-  failed = "";
+  failedFunction = "";
   exportNow = exportFailed = "";
   armed = true;
 }
 
 void DisarmFault() { armed = false; }
 int CountedCalls() { return counted; }
-std::string FailedFunction() { return failed; }
+std::string FailedFunction() { return failedFunction; }
 std::string FailedExport() { return exportFailed; }
 const std::set<std::string>& TriedExports() { return tried; }
 

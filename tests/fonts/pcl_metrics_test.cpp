@@ -217,7 +217,7 @@ TEST_F(PclMetricsTest, UnboundTrueTypeHasUnicodes) {
   EXPECT_EQ(pfm.Extent(0xE9), 2048U);
 }
 
-struct SymbolSetRow {
+struct FaceRow {
   std::uint16_t symbolSet;
   unsigned characterSet;
   unsigned translationClass;
@@ -225,13 +225,13 @@ struct SymbolSetRow {
 };
 
 TEST_F(PclMetricsTest, SymbolSetGivesCharacterSetClassAndFace) {
-  for (const SymbolSetRow& row :
-       {SymbolSetRow{2, 0xB6, 16, "Courier (LineDraw)"}, SymbolSetRow{14, 0, 18, "Courier (0N)"},
-        SymbolSetRow{21, 0, 4, "Courier (0U)"}, SymbolSetRow{53, 0xB9, 16, "Courier (US Legal)"},
-        SymbolSetRow{145, 0xB7, 16, "Courier (PC Line)"},
-        SymbolSetRow{269, 0xB4, 17, "Courier (Math8)"}, SymbolSetRow{277, 0, 1, "Courier (8U)"},
-        SymbolSetRow{369, 0, 18, "Courier (11Q)"}, SymbolSetRow{501, 0xB5, 17, "Courier (PI Font)"},
-        SymbolSetRow{529, 0xBA, 19, "Courier (16Q)"}, SymbolSetRow{309, 0, 17, "Courier (9U)"}}) {
+  for (const FaceRow& row :
+       {FaceRow{2, 0xB6, 16, "Courier (LineDraw)"}, FaceRow{14, 0, 18, "Courier (0N)"},
+        FaceRow{21, 0, 4, "Courier (0U)"}, FaceRow{53, 0xB9, 16, "Courier (US Legal)"},
+        FaceRow{145, 0xB7, 16, "Courier (PC Line)"}, FaceRow{269, 0xB4, 17, "Courier (Math8)"},
+        FaceRow{277, 0, 1, "Courier (8U)"}, FaceRow{369, 0, 18, "Courier (11Q)"},
+        FaceRow{501, 0xB5, 17, "Courier (PI Font)"}, FaceRow{529, 0xBA, 19, "Courier (16Q)"},
+        FaceRow{309, 0, 17, "Courier (9U)"}}) {
     SoftFont font(0);
     font.descriptor.symbolSet = row.symbolSet;
     font.AddBitmap('A', 120, 30, 24, 30);

@@ -7,13 +7,13 @@
 namespace zeapi::testing {
 namespace {
 
-struct Row {
+struct ReplacementRow {
   const char* path;
   const char* extension;
   const char* replaced;
 };
 
-class ReplaceExtensionTest : public ::testing::TestWithParam<Row> {};
+class ReplaceExtensionTest : public ::testing::TestWithParam<ReplacementRow> {};
 
 TEST_P(ReplaceExtensionTest, Name) {
   EXPECT_STREQ(ReplaceExtension(GetParam().path, GetParam().extension).text, GetParam().replaced);
@@ -21,13 +21,17 @@ TEST_P(ReplaceExtensionTest, Name) {
 
 INSTANTIATE_TEST_SUITE_P(
     Names, ReplaceExtensionTest,
-    ::testing::Values(Row{"font.pfb", "AFM", "font.AFM"}, Row{"font.pfb", ".AFM", "font.AFM"},
-                      Row{"a.b.pfb", "AFM", "a.b.AFM"}, Row{"font.", "AFM", "font.AFM"},
-                      Row{"font.", ".AFM", "font.AFM"}, Row{"font", "AFM", "fontAFM"},
-                      Row{"font", ".AFM", "font.AFM"}, Row{"d.x\\font", "AFM", "d.x\\fontAFM"},
-                      Row{"d.x/font", "AFM", "d.x/fontAFM"}, Row{"c.x:font", "AFM", "c.x:fontAFM"},
-                      Row{"c:\\d\\font.pfb", "PFM", "c:\\d\\font.PFM"}, Row{".pfb", "AFM", ".AFM"},
-                      Row{"", "AFM", "AFM"}, Row{"font.pfb", "", "font."}));
+    ::testing::Values(
+        ReplacementRow{"font.pfb", "AFM", "font.AFM"},
+        ReplacementRow{"font.pfb", ".AFM", "font.AFM"}, ReplacementRow{"a.b.pfb", "AFM", "a.b.AFM"},
+        ReplacementRow{"font.", "AFM", "font.AFM"}, ReplacementRow{"font.", ".AFM", "font.AFM"},
+        ReplacementRow{"font", "AFM", "fontAFM"}, ReplacementRow{"font", ".AFM", "font.AFM"},
+        ReplacementRow{"d.x\\font", "AFM", "d.x\\fontAFM"},
+        ReplacementRow{"d.x/font", "AFM", "d.x/fontAFM"},
+        ReplacementRow{"c.x:font", "AFM", "c.x:fontAFM"},
+        ReplacementRow{"c:\\d\\font.pfb", "PFM", "c:\\d\\font.PFM"},
+        ReplacementRow{".pfb", "AFM", ".AFM"}, ReplacementRow{"", "AFM", "AFM"},
+        ReplacementRow{"font.pfb", "", "font."}));
 
 TEST(ReplaceExtension, LongestPath) {
   const std::string path(ZE_MAX_NAME, 'p');

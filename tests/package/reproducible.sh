@@ -16,7 +16,8 @@ fail() {
 second=$work/another-place/deeper
 mkdir -p "$second/sources"
 cp -R "$source/CMakeLists.txt" "$source/cmake" "$source/include" "$source/src" "$second/sources"
-cmake -S "$second/sources" -B "$second/build" -G Ninja -DCMAKE_BUILD_TYPE=Release -DZEAPI_TOOLS=OFF \
+cmake -S "$second/sources" -B "$second/build" -G Ninja -DCMAKE_BUILD_TYPE=Release -DCMAKE_UNITY_BUILD=ON \
+  -DZEAPI_TOOLS=OFF \
   -DCMAKE_TOOLCHAIN_FILE="$second/sources/cmake/$toolchain" >"$work/log" 2>&1 || fail
 cmake --build "$second/build" --target zeapi_import_libraries >>"$work/log" 2>&1 || fail
 

@@ -9,17 +9,19 @@
 namespace zeapi::testing {
 namespace {
 
-struct Release {
+struct ReleaseAccount {
   void operator()(ZeJobAccount* account) const { ZeFreeJobAccount(account); }
 };
-using JobAccount = std::unique_ptr<ZeJobAccount, Release>;
+using JobAccount = std::unique_ptr<ZeJobAccount, ReleaseAccount>;
 
-JobAccount Parse(const std::string& record) {
+JobAccount ParseAccount(const std::string& record) {
   const std::vector<char> block(record.begin(), record.end());
   return JobAccount(ZeParseJobAccountingAlert(block.data()));
 }
 
-JobAccount ParseElements(const std::string& elements) { return Parse(Record(elements)); }
+JobAccount ParseAccountElements(const std::string& elements) {
+  return ParseAccount(Record(elements));
+}
 
 // A container with one number an element, `base` + its identifier.
 std::string Numbers(int id, int first, int last, int base) {
@@ -31,7 +33,7 @@ std::string Numbers(int id, int first, int last, int base) {
 class ZeFaxTest : public ScratchTest {};
 
 TEST_F(ZeFaxTest, FillsTheJob) {
-  const JobAccount account = ParseElements(Container(
+  const JobAccount account = ParseAccountElements(Container(
       1,
       {Container(
           2, {Container(1, {Integer(1, 101), Integer(2, 102), Integer(3, 103), Integer(4, 104),
@@ -68,7 +70,7 @@ TEST_F(ZeFaxTest, FillsTheJob) {
 }
 
 TEST_F(ZeFaxTest, FillsTheTotals) {
-  const JobAccount account = ParseElements(Container(
+  const JobAccount account = ParseAccountElements(Container(
       1, {Container(3, {Numbers(1, 1, 1, 300),
                         Container(2, {Integer(1, 1), Integer(2, 2), Integer(3, 3), Integer(4, 4),
                                       Integer(5, 5), Text(6, "fifteen letters"), Integer(7, 7),
@@ -98,8 +100,8 @@ TEST_F(ZeFaxTest, SeveralRootsFillOneRecord) {
   const std::string job = Container(2, {Numbers(1, 1, 6, 10)});
   const std::string rest = Container(2, {Numbers(2, 4, 10, 20)});
   const std::string totals = Container(3, {Numbers(1, 1, 1, 30)});
-  const JobAccount account = ParseElements(Container(1, {job}) + Container(8, {Text(1, "other")}) +
-                                           Container(1, {totals, rest}));
+  const JobAccount account = ParseAccountElements(
+      Container(1, {job}) + Container(8, {Text(1, "other")}) + Container(1, {totals, rest}));
   ASSERT_NE(account->job, nullptr);
   EXPECT_EQ(int{account->job->value1_1}, 11);
   EXPECT_EQ(int{account->job->value2_10}, 30);
@@ -108,7 +110,7 @@ TEST_F(ZeFaxTest, SeveralRootsFillOneRecord) {
 }
 
 TEST_F(ZeFaxTest, TheFirstElementIsWalkedAndNotStored) {
-  const JobAccount account = ParseElements(
+  const JobAccount account = ParseAccountElements(
       Container(1, {Container(1, {Integer(1, 5), Container(2, {Integer(1, 6)}), Text(3, "x")}),
                     Container(3, {Numbers(1, 1, 1, 30)})}));
   EXPECT_EQ(account->job, nullptr);
@@ -117,7 +119,7 @@ TEST_F(ZeFaxTest, TheFirstElementIsWalkedAndNotStored) {
 }
 
 TEST_F(ZeFaxTest, WhatHasNoFieldIsSkipped) {
-  const JobAccount account = ParseElements(Container(
+  const JobAccount account = ParseAccountElements(Container(
       1, {Integer(2, 1), Container(5, {Integer(1, 1)}),
           Container(2, {Integer(1, 9), Container(3, {Integer(1, 9)}),
                         Container(1, {Integer(12, 9), Integer(7, 9), Text(1, "no number"),
@@ -130,7 +132,7 @@ TEST_F(ZeFaxTest, WhatHasNoFieldIsSkipped) {
 
 TEST_F(ZeFaxTest, TextsAreCutToTheirFields) {
   const std::string text = "0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz";
-  const JobAccount account = ParseElements(Container(
+  const JobAccount account = ParseAccountElements(Container(
       1,
       {Container(2, {Container(1, {Text(7, text), Integer(8, 4), Text(11, text)}),
                      Container(2, {Text(1, text), Text(2, text), Text(3, text), Integer(4, 5)})}),
@@ -152,10 +154,10 @@ TEST_F(ZeFaxTest, TextsAreCutToTheirFields) {
 }
 
 TEST_F(ZeFaxTest, UnknownGroupsAreSkippedByTheirLength) {
-  const JobAccount account =
-      ParseElements(Container(1, {Container(2, {Container(9, 0, std::string("\1\1\1\5zz")),
-                                                Container(9, 3, "zz"), Numbers(1, 1, 1, 6)}),
-                                  Container(3, {Container(4, 9, "zz"), Numbers(1, 1, 1, 30)})}));
+  const JobAccount account = ParseAccountElements(
+      Container(1, {Container(2, {Container(9, 0, std::string("\1\1\1\5zz")), Container(9, 3, "zz"),
+                                  Numbers(1, 1, 1, 6)}),
+                    Container(3, {Container(4, 9, "zz"), Numbers(1, 1, 1, 30)})}));
   ASSERT_NE(account->job, nullptr);
   EXPECT_EQ(int{account->job->value1_1}, 7);
   ASSERT_NE(account->totals, nullptr);
@@ -163,27 +165,27 @@ TEST_F(ZeFaxTest, UnknownGroupsAreSkippedByTheirLength) {
 }
 
 TEST_F(ZeFaxTest, ATextMayFillItsFieldButForTheTerminator) {
-  const JobAccount fits = ParseElements(
+  const JobAccount fits = ParseAccountElements(
       Container(1, {Container(2, {Container(1, {Text(7, "123456789"), Integer(8, 4)})})}));
   EXPECT_STREQ(fits->job->text1_7, "123456789");
   EXPECT_EQ(int{fits->job->value1_8}, 4);
 }
 
 TEST_F(ZeFaxTest, AShorterTextLeavesNothingOfALongerOne) {
-  const JobAccount account = ParseElements(
+  const JobAccount account = ParseAccountElements(
       Container(1, {Container(2, {Container(1, {Text(7, "12345678"), Text(7, "ab")})})}));
   EXPECT_EQ(std::string(account->job->text1_7, 10), std::string("ab\0\0\0\0\0\0\0\0", 10));
 }
 
 TEST_F(ZeFaxTest, ARecordWithoutElementsIsEmpty) {
-  const JobAccount account = ParseElements("");
+  const JobAccount account = ParseAccountElements("");
   ASSERT_NE(account, nullptr);
   EXPECT_EQ(account->job, nullptr);
   EXPECT_EQ(account->totals, nullptr);
 }
 
 TEST_F(ZeFaxTest, RootsWithoutBytesEndTheRecord) {
-  const JobAccount account = Parse(Record(Keys("VN:0", "LD:0", "LD:1,DA:0"), "123"));
+  const JobAccount account = ParseAccount(Record(Keys("VN:0", "LD:0", "LD:1,DA:0"), "123"));
   ASSERT_NE(account, nullptr);
   EXPECT_EQ(account->job, nullptr);
 }
@@ -194,7 +196,7 @@ TEST_F(ZeFaxTest, NullPointers) {
 }
 
 TEST_F(ZeFaxTest, LogsItsSteps) {
-  const JobAccount account = ParseElements(
+  const JobAccount account = ParseAccountElements(
       Container(1, {Container(2, {Container(1, {Integer(1, 3, 1)})})}) + Integer(2, 0, 1));
   ASSERT_NE(account, nullptr);
   std::vector<std::string> lines = LogLines();

@@ -40,14 +40,29 @@ def includes(root, path):
             yield number, match[1], match[2]
 
 
-def compile_commands(root, build):
-    """The commands of the compile database for files below FOLDERS: {path: [words]}."""
-    commands = {}
+def compile_units(root, build):
+    """What the compiler is run on, from the compile database: [(file, [words], [sources])].
+
+    The sources are paths below FOLDERS. A file that the build makes to compile several of them together
+    has them all, any other is its own source.
+    """
+    units = []
     for entry in json.loads((build / "compile_commands.json").read_text(encoding="utf-8")):
         path = pathlib.Path(entry["directory"], entry["file"])
-        if path.is_relative_to(root) and path.relative_to(root).parts[0] in FOLDERS:
-            commands[path.relative_to(root)] = shlex.split(entry["command"])
-    return commands
+        sources = [path]
+        if path.parent.name == "Unity":
+            sources = [pathlib.Path(name) for _, _, name in includes(path.parent, path.name)]
+        sources = [source.relative_to(root) for source in sources if source.is_relative_to(root)
+                   and source.relative_to(root).parts[0] in FOLDERS]
+        if sources:
+            units.append((path, shlex.split(entry["command"]), sources))
+    return units
+
+
+def compile_commands(root, build):
+    """What each file below FOLDERS is compiled with: {path: [words]}."""
+    return {source: command for _, command, sources in compile_units(root, build)
+            for source in sources}
 
 
 def in_parallel(function, items):

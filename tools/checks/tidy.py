@@ -24,28 +24,38 @@ def preprocessed(command):
     return subprocess.run(kept + ["-E", "-C"], stdout=subprocess.PIPE, check=True).stdout
 
 
+# Sources that are compiled together are looked at together: most of the time goes into the headers of the
+# standard library. The analyzer is told to follow their functions as it would those of a single file, a
+# third as far as it would by itself, which takes half the time.
+OPTIONS = ["--quiet", "--checks=-bugprone-suspicious-include", "--extra-arg=-Wno-unknown-warning-option",
+           *(f"--extra-arg={word}" for option in ("-analyzer-opt-analyze-headers",
+                                                  "-analyzer-config", "max-nodes=75000")
+             for word in ("-Xclang", option))]
+
+
 def check(root, build, *folders):
     rules = root / ".clang-tidy"
     found_clean = build / "tidy"
     found_clean.mkdir(exist_ok=True)
-    commands = {path: command for path, command in house.compile_commands(root, build).items()
-                if any((root / path).is_relative_to(folder) for folder in folders or [root / "src"])}
+    units = [(path, command) for path, command, sources in house.compile_units(root, build)
+             if any((root / source).is_relative_to(folder) for source in sources
+                    for folder in folders or [root / "src"])]
 
-    def complaints_about(path):
-        seen = hashlib.sha256(rules.read_bytes() + " ".join(commands[path]).encode() +
-                              preprocessed(commands[path])).hexdigest()
+    def complaints_about(unit):
+        path, command = unit
+        seen = hashlib.sha256(rules.read_bytes() + " ".join(OPTIONS + command).encode() +
+                              preprocessed(command)).hexdigest()
         if (found_clean / seen).exists():
             return None
-        # One file a run: the analyzer mistakes things when it carries on from file to file.
-        output = house.output_of(["clang-tidy", "--quiet", f"--config-file={rules}", f"-p={build}",
-                                  "--extra-arg=-Wno-unknown-warning-option", root / path])
+        # One unit a run: the analyzer mistakes things when it carries on from one to the next.
+        output = house.output_of(["clang-tidy", f"--config-file={rules}", f"-p={build}", *OPTIONS, path])
         if output is None:
             (found_clean / seen).touch()
         return output
 
-    for path, output in zip(commands, house.in_parallel(complaints_about, commands)):
+    for (path, _), output in zip(units, house.in_parallel(complaints_about, units)):
         if output is not None:
-            yield f"{path}: clang-tidy complains; mend it, or say at the line why not\n{output}"
+            yield f"{path.name}: clang-tidy complains; mend it, or say at the line why not\n{output}"
 
 
 if __name__ == "__main__":

@@ -74,10 +74,10 @@ bool WriteAll(int descriptor, const char* data, std::size_t count) {
 }
 
 bool CopyBytes(int source, int destination) {
-  constexpr std::size_t kBlock = 65536;
-  char block[kBlock];
+  constexpr std::size_t kCopyBlock = 65536;
+  char block[kCopyBlock];
   for (;;) {
-    const ssize_t count = read(source, block, kBlock);
+    const ssize_t count = read(source, block, kCopyBlock);
     if (count == 0) return true;
     if (count < 0 || !WriteAll(destination, block, static_cast<std::size_t>(count))) return false;
   }

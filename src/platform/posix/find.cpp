@@ -31,7 +31,7 @@ std::uint32_t Attributes(const char* path, const struct stat& status) {
   return kArchive | (writable ? 0 : kReadOnly);
 }
 
-bool Before(const std::string& a, const std::string& b) {
+bool NameBefore(const std::string& a, const std::string& b) {
   const int order = strcasecmp(a.c_str(), b.c_str());
   return order != 0 ? order < 0 : a < b;
 }
@@ -65,7 +65,7 @@ DirectorySearch::DirectorySearch(const char* pattern) : state_(std::make_unique<
     throw;
   }
   closedir(folder);
-  std::sort(state_->names.begin(), state_->names.end(), Before);
+  std::sort(state_->names.begin(), state_->names.end(), NameBefore);
 }
 
 DirectorySearch::~DirectorySearch() = default;

@@ -20,21 +20,14 @@ struct CloseFolder {
   void operator()(DIR* folder) const { closedir(folder); }
 };
 
-struct Name {
-  std::string text;
-  std::size_t place;  // in the order of the folder
-};
-
-bool TextBefore(const Name& a, const char* b) { return strcasecmp(a.text.c_str(), b) < 0; }
-
-bool Before(const Name& a, const Name& b) {
-  const int order = strcasecmp(a.text.c_str(), b.text.c_str());
-  return order != 0 ? order < 0 : a.place < b.place;
-}
-
 }  // namespace
 
 struct FolderNames::State {
+  struct Name {
+    std::string text;
+    std::size_t place;  // in the order of the folder
+  };
+
   std::string folder;       // host path, ends in "/"
   std::vector<Name> names;  // by their text without case, then by their place
   State* outer = nullptr;
@@ -42,7 +35,16 @@ struct FolderNames::State {
 
 namespace {
 
+using Name = FolderNames::State::Name;
+
 thread_local FolderNames::State* innermost = nullptr;
+
+bool TextBefore(const Name& a, const char* b) { return strcasecmp(a.text.c_str(), b) < 0; }
+
+bool KeptBefore(const Name& a, const Name& b) {
+  const int order = strcasecmp(a.text.c_str(), b.text.c_str());
+  return order != 0 ? order < 0 : a.place < b.place;
+}
 
 }  // namespace
 
@@ -56,7 +58,7 @@ FolderNames::FolderNames(const char* folder) : state_(std::make_unique<State>())
     while (const dirent* entry = open == nullptr ? nullptr : readdir(open.get())) {
       state_->names.push_back({entry->d_name, state_->names.size()});
     }
-    std::sort(state_->names.begin(), state_->names.end(), Before);
+    std::sort(state_->names.begin(), state_->names.end(), KeptBefore);
   }
   innermost = state_.get();
 }

@@ -29,10 +29,4 @@ bool DirectorySearch::Next(FoundEntry* entry) {
   return true;
 }
 
-struct FolderNames::State {};
-
-FolderNames::FolderNames(const char*) {}
-
-FolderNames::~FolderNames() = default;
-
 }  // namespace zeapi::platform

@@ -99,7 +99,7 @@ Report Reading(const DataOptions& options) {
   return report;
 }
 
-Report List(const DataOptions& options) {
+Report ListRecords(const DataOptions& options) {
   Report report = Reading(options);
   ForAnyRecord(options, &report, [&](const ZeDatRecord& record) {
     Add(record, &report);
@@ -108,7 +108,7 @@ Report List(const DataOptions& options) {
   return report;
 }
 
-Report Find(const DataOptions& options) {
+Report FindRecord(const DataOptions& options) {
   Report report = Reading(options);
   ForEachRecord(options, &report, [&](const ZeDatRecord& record) {
     Add(record, &report);
@@ -164,13 +164,13 @@ Report CountLetters(const DataOptions& options) {
   return report;
 }
 
-Report Count(const DataOptions& options) {
+Report CountRecords(const DataOptions& options) {
   Report report = options.key.empty() ? CountLetters(options) : CountKey(options);
   report.cannot = "count the records of " + options.path;
   return report;
 }
 
-Report Files(const DataOptions& options) {
+Report ListFiles(const DataOptions& options) {
   Report report;
   report.cannot = "list " + options.path;
   std::uint16_t count = 0;
@@ -194,12 +194,12 @@ struct Query {
 };
 
 constexpr Query kQueries[] = {
-    {"list", List, "List the records of a data file", "JSON: \"records\"."},
-    {"find", Find, "Show the first record whose key begins with KEY",
+    {"list", ListRecords, "List the records of a data file", "JSON: \"records\"."},
+    {"find", FindRecord, "Show the first record whose key begins with KEY",
      "JSON: \"records\", one. A key that is not there gives exit code 41."},
-    {"count", Count, "Count records by the letters of their keys, or those of one key",
+    {"count", CountRecords, "Count records by the letters of their keys, or those of one key",
      "JSON: \"first\" and \"second\" by letter, or \"count\" with a key."},
-    {"files", Files, "List the files of a directory that have a description",
+    {"files", ListFiles, "List the files of a directory that have a description",
      "JSON: \"files\", each with \"path\" and \"description\"."},
 };
 
@@ -214,11 +214,11 @@ void AddData(CLI::App& program, Session& session) {
     command->add_option("path", options->path, "Data file, or directory of files")
         ->required()
         ->type_name("PATH");
-    if (query.run == Find || query.run == Count) {
+    if (query.run == FindRecord || query.run == CountRecords) {
       command->add_option("key", options->key, "Beginning of the key")
-          ->required(query.run == Find)
+          ->required(query.run == FindRecord)
           ->type_name("KEY");
-    } else if (query.run == Files) {
+    } else if (query.run == ListFiles) {
       command->add_option("--kind", options->kind, NamesOf(kKinds))
           ->transform(OneOf(kKinds))
           ->type_name("KIND");

@@ -11,7 +11,7 @@ namespace {
 
 using Bytes = std::vector<unsigned char>;
 
-struct Release {
+struct ReleaseRecord {
   void operator()(ZeOptionInfo* info) const { ZeFreeOptionInfo(info); }
   void operator()(ZeJobAccount* account) const { ZeFreeJobAccount(account); }
 };
@@ -33,7 +33,7 @@ std::string Quoted(const char* text) {
   return text != nullptr ? "\"" + std::string(text) + "\"" : std::string("none");
 }
 
-void AddItem(const ZeOptionItem& item, Report* report) {
+void ReportItem(const ZeOptionItem& item, Report* report) {
   report->fields["items"].push_back({{"value1", int{item.value1}},
                                      {"value5", int{item.value5}},
                                      {"text6", TextOrNull(item.text6)}});
@@ -41,7 +41,7 @@ void AddItem(const ZeOptionItem& item, Report* report) {
                   ", 6: " + Quoted(item.text6);
 }
 
-void AddGroup(const ZeOptionGroup& group, Report* report) {
+void ReportGroup(const ZeOptionGroup& group, Report* report) {
   const std::vector<int> values(group.values, group.values + group.valueCount);
   report->fields["groups"].push_back(
       {{"text1", TextOrNull(group.text1)}, {"text2", TextOrNull(group.text2)}, {"values", values}});
@@ -50,7 +50,7 @@ void AddGroup(const ZeOptionGroup& group, Report* report) {
 }
 
 void ReportOptions(const Bytes& record, Report* report) {
-  const std::unique_ptr<ZeOptionInfo, Release> info(ZeParseOptionInfo(record.data()));
+  const std::unique_ptr<ZeOptionInfo, ReleaseRecord> info(ZeParseOptionInfo(record.data()));
   if (info == nullptr) {
     report->result = ZE_OUT_OF_MEMORY;
     return;
@@ -58,9 +58,9 @@ void ReportOptions(const Bytes& record, Report* report) {
   report->fields["items"] = Json::array();
   report->fields["groups"] = Json::array();
   report->done = "Items: " + std::to_string(info->itemCount);
-  for (std::uint32_t i = 0; i < info->itemCount; ++i) AddItem(info->items[i], report);
+  for (std::uint32_t i = 0; i < info->itemCount; ++i) ReportItem(info->items[i], report);
   report->done += "\nGroups: " + std::to_string(info->groupCount);
-  for (std::uint32_t i = 0; i < info->groupCount; ++i) AddGroup(info->groups[i], report);
+  for (std::uint32_t i = 0; i < info->groupCount; ++i) ReportGroup(info->groups[i], report);
 }
 
 // Fields of an accounting record by their names, in the order of the record.
@@ -86,7 +86,7 @@ class FieldList {
 
 #define ADD(field) list.Add(#field, record.field)
 
-void AddJob(const ZeJobAccountJob& record, Report* report) {
+void ReportJob(const ZeJobAccountJob& record, Report* report) {
   FieldList list(report, "job");
   ADD(value1_1);
   ADD(value1_2);
@@ -111,7 +111,7 @@ void AddJob(const ZeJobAccountJob& record, Report* report) {
   ADD(value2_10);
 }
 
-void AddTotals(const ZeJobAccountTotals& record, Report* report) {
+void ReportTotals(const ZeJobAccountTotals& record, Report* report) {
   FieldList list(report, "totals");
   ADD(value1_1);
   ADD(value2_1);
@@ -132,15 +132,16 @@ void AddTotals(const ZeJobAccountTotals& record, Report* report) {
 #undef ADD
 
 void ReportAccount(const Bytes& record, Report* report) {
-  const std::unique_ptr<ZeJobAccount, Release> account(ZeParseJobAccountingAlert(record.data()));
+  const std::unique_ptr<ZeJobAccount, ReleaseRecord> account(
+      ZeParseJobAccountingAlert(record.data()));
   if (account == nullptr) {
     report->result = ZE_OUT_OF_MEMORY;
     return;
   }
   report->fields["job"] = nullptr;
   report->fields["totals"] = nullptr;
-  if (account->job != nullptr) AddJob(*account->job, report);
-  if (account->totals != nullptr) AddTotals(*account->totals, report);
+  if (account->job != nullptr) ReportJob(*account->job, report);
+  if (account->totals != nullptr) ReportTotals(*account->totals, report);
   if (report->done.empty()) report->done = "The record holds neither a job nor totals.";
 }
 

@@ -34,7 +34,7 @@ std::string Padded(std::string text, std::size_t width) {
   return text;
 }
 
-std::string Bytes(std::size_t count) {
+std::string CountedBytes(std::size_t count) {
   return std::to_string(count) + (count == 1 ? " byte" : " bytes");
 }
 
@@ -62,7 +62,7 @@ std::string EventText(const JobEvent& event, std::span<const std::uint8_t> job) 
     const std::string meaning = Meaning(event, BytesOf(event, job));
     text = meaning.empty() ? command : Padded(command, kCommandColumn) + meaning;
   }
-  if (event.missing > 0) text += "  (the file ends " + Bytes(event.missing) + " early)";
+  if (event.missing > 0) text += "  (the file ends " + CountedBytes(event.missing) + " early)";
   return text;
 }
 
@@ -117,7 +117,7 @@ std::string SeriesText(const JobEvent& first, const Series& series) {
   command += GroupOf(first);
   command += "...";
   return Padded(command, kCommandColumn) + std::to_string(series.commands) + " commands with " +
-         Bytes(series.payload) + " of data: " + series.meanings;
+         CountedBytes(series.payload) + " of data: " + series.meanings;
 }
 
 }  // namespace
