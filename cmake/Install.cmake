@@ -23,8 +23,8 @@ write_basic_package_version_file(zeapiConfigVersion.cmake COMPATIBILITY SameMajo
 install(FILES ${PROJECT_BINARY_DIR}/zeapiConfig.cmake ${PROJECT_BINARY_DIR}/zeapiConfigVersion.cmake
   DESTINATION ${ZEAPI_PACKAGE_FOLDER})
 
-install(FILES README.md CHANGELOG.md TYPE DOC)
-install(DIRECTORY docs examples TYPE DOC)
+install(FILES README.md CHANGELOG.md SECURITY.md TYPE DOC)
+install(DIRECTORY docs examples TYPE DOC PATTERN Doxyfile EXCLUDE)
 
 # pkg-config. A static link of the library needs the C++ runtime and what the platform part uses.
 set(ZEAPI_PC_FOLDER ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig)

@@ -4,11 +4,7 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
-if [[ -e scripts/setup.sh ]]; then
-  bash scripts/setup.sh demo
-else
-  echo "No scripts/setup.sh: taking it that compiler, CMake and header files are installed."
-fi
+scripts/setup.sh demo
 
 captured=$(mktemp -d "${TMPDIR:-/tmp}/zeapi-demo.XXXXXX")
 log=$captured/build.log

@@ -38,7 +38,7 @@ run_side_by_side() {
   for preset; do
     wait "${running[0]}" || failed=1
     running=("${running[@]:1}")
-    step "$preset: test"
+    step "$preset: results of the tests"
     cat "build/$preset.tests.log"
   done
   return $failed
@@ -78,8 +78,8 @@ for bits in 86 64; do
   fi
   step "windows-x$bits: build"
   build "windows-x$bits"
-  if [ $bits = 86 ] && ! have wine; then
-    notRun+=("windows-x86 under Wine: no Wine")
+  if ! have wine; then
+    notRun+=("windows-x$bits under Wine: no Wine")
   else
     windows+=("windows-x$bits")
   fi

@@ -8,7 +8,7 @@
 
 namespace zeapi {
 
-// The register of a running CRC; `value` begins at all ones.
+// A running CRC.
 class Crc32 {
  public:
   void Update(std::span<const std::uint8_t> bytes);

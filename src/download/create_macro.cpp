@@ -35,7 +35,7 @@ Result CreateMacro(const char* macroFile, const char* printerName, const ZeDesti
   GenQueContext ctx;
   ctx.destination = &destination;
   ctx.fileMode = kReplaceFile;
-  const Result opened = GenQueOpen(printerName, &ctx);
+  const Result opened = OpenMacroQueue(payload, printerName, &ctx);
   if (opened != ZE_OK) return opened;
   const QueueCloser closer(&ctx);
   const Result result = SendDefinition(payload, &ctx);

@@ -156,7 +156,7 @@ Result DownloadMacro(const char* macroFile, const char* printerName,
   ctx.destination = &destination;
   ctx.fileMode = kReplaceFile;
   ctx.device = macro->macroDevice;
-  const Result opened = GenQueOpen(printerName, &ctx);
+  const Result opened = OpenMacroQueue(payload, printerName, &ctx);
   if (opened != ZE_OK) return opened;
   const QueueCloser closer(&ctx);
   return MacroDownload(payload, mode, wrap, &ctx).Run();

@@ -29,6 +29,16 @@ Result OpenMacro(const char* macroFile, ZeMacroInfo* macro, MacroPayload* payloa
   return payload->file == nullptr ? ZE_OPEN_FAILED : ZE_OK;
 }
 
+Result OpenMacroQueue(const MacroPayload& payload, const char* printerName, GenQueContext* ctx) {
+  const Result opened = GenQueOpen(printerName, ctx);
+  if (opened != ZE_OK || ctx->backEnd != QueueBackEnd::kFile) return opened;
+  const bool makesWorkFiles =
+      Asks(*payload.macro, ZE_MACRO_FIX_UP) && ctx->destination->language == ZE_LANGUAGE_PCLXL;
+  if (!makesWorkFiles || !IsStreamWorkFile(printerName)) return ZE_OK;
+  GenQueClose(ctx);
+  return ZE_OPEN_FAILED;
+}
+
 Result WriteDefinitionStart(const MacroPayload& payload, GenQueContext* ctx) {
   const unsigned number = ctx->destination->resourceId;
   if (ctx->destination->language == ZE_LANGUAGE_PPDS) {

@@ -27,6 +27,10 @@ bool Asks(const ZeMacroInfo& macro, std::uint32_t flag);
 // fixup is marked for fixup. Returns 0, 2, 27 or 3.
 Result OpenMacro(const char* macroFile, ZeMacroInfo* macro, MacroPayload* payload);
 
+// Opens the queue for the macro's job, but not on a file that its fixup makes anew. Returns 0, 3, 11
+// or 26; after a failure there is nothing to close.
+Result OpenMacroQueue(const MacroPayload& payload, const char* printerName, GenQueContext* ctx);
+
 // Sends the command that starts a PCL or PPDS definition; nothing in other languages. Returns 0 or
 // 37 (a PPDS macro too large for its header).
 Result WriteDefinitionStart(const MacroPayload& payload, GenQueContext* ctx);

@@ -22,7 +22,7 @@ using FileCheck = std::function<bool(const char* path, std::span<const std::byte
 FoundFiles FindFiles(const char* folder, std::uint32_t kind, bool recurse, const FileCheck& check,
                      std::int16_t* count);
 
-// The limit of a search: the count that its caller gives, where 0 stands for 32767.
+// As many as a list can have.
 inline constexpr std::int16_t kMostFoundFiles = 32767;
 
 }  // namespace zeapi

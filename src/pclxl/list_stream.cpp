@@ -58,7 +58,7 @@ XlListed XlListStream(std::FILE* file, XlListingSink* sink) {
   XlListed listed;
   listed.header = XlReadStreamHeader(state.get());
   listed.walk = WalkSession(state.get());
-  listed.operatorCount = state->operatorCount;
+  listed.operatorCount = static_cast<std::int32_t>(state->operatorCount);
   if (input.Failed()) listed.walk = kXlFile;
   XlReportError(listed.walk, state.get());
   return listed;

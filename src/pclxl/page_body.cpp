@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "pclxl/work_files.h"
 #include "platform/files.h"
 
 namespace zeapi {
@@ -13,7 +14,7 @@ XlPageBody::~XlPageBody() {
 XlResult XlPageBody::Begin() {
   size_ = 0;
   fill_ = 0;
-  file_ = platform::OpenStream(kFile, "wb");
+  file_ = platform::OpenStream(kXlPageFile, "wb");
   return file_ != nullptr ? kXlOk : kXlFile;
 }
 

@@ -16,8 +16,6 @@ inline constexpr std::uint32_t kXlLongestPageBody = 0xFFFFFFFF - 17;
 
 class XlPageBody {
  public:
-  static constexpr char kFile[] = "temp.str";
-
   ~XlPageBody();
   XlPageBody() = default;
   XlPageBody(const XlPageBody&) = delete;

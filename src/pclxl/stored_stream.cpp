@@ -6,7 +6,7 @@
 #include <initializer_list>
 
 #include "base/stream.h"
-#include "pclxl/page_body.h"
+#include "pclxl/work_files.h"
 #include "platform/files.h"
 
 namespace zeapi {
@@ -77,7 +77,7 @@ bool WriteStreamOpening(std::string_view name, std::uint32_t dataSize, std::FILE
 }
 
 XlResult CopyPageBody(std::uint32_t size, std::FILE* out) {
-  const Stream body(platform::OpenStream(XlPageBody::kFile, "rb"));
+  const Stream body(platform::OpenStream(kXlPageFile, "rb"));
   if (body == nullptr) return kXlFile;
   std::array<std::uint8_t, 1024> block;
   while (size != 0) {

@@ -5,6 +5,7 @@
 #include "output/plain_file_queue.h"
 #include "output/send_stream.h"
 #include "pclxl/job_control.h"
+#include "pclxl/work_files.h"
 #include "pclxl/xl_fixup.h"
 #include "platform/files.h"
 

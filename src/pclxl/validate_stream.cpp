@@ -6,12 +6,10 @@
 #include "pclxl/stored_stream.h"
 #include "pclxl/stream_fixup.h"
 #include "pclxl/stream_name.h"
+#include "pclxl/work_files.h"
 
 namespace zeapi {
 namespace {
-
-constexpr char kFixedUpFile[] = "fixup.str";
-constexpr std::uint32_t kFixUp = 2;  // bit value of `macroFlags`
 
 Result CheckStoredStream(std::FILE* file, ZeMacroInfo* macro) {
   std::array<char, kXlStreamHeader.size()> header;
@@ -26,7 +24,7 @@ Result CheckStoredStream(std::FILE* file, ZeMacroInfo* macro) {
 Result WriteFixedUp(std::FILE* file, const ZeDestination& destination, const char* name) {
   PlainFileQueue queue;
   queue.SetLanguage(destination.language);
-  Result result = queue.Open(kFixedUpFile);
+  Result result = queue.Open(kXlFixedUpFile);
   if (result != ZE_OK) return result;
   result = StreamFixupSend(file, queue.context(), 0, name, false);
   const Result closed = queue.Close();
@@ -36,7 +34,7 @@ Result WriteFixedUp(std::FILE* file, const ZeDestination& destination, const cha
 }  // namespace
 
 Result XlValidateStreamFile(std::FILE* file, const ZeDestination* destination, ZeMacroInfo* macro) {
-  if ((macro->macroFlags & kFixUp) == 0) return CheckStoredStream(file, macro);
+  if ((macro->macroFlags & ZE_MACRO_FIX_UP) == 0) return CheckStoredStream(file, macro);
   XlStreamName name = {};
   std::memcpy(name.data(), macro->macroName, BoundedLength(macro->macroName, name.size() - 1));
   return WriteFixedUp(file, *destination, name.data());

@@ -8,7 +8,7 @@
 namespace zeapi {
 namespace {
 
-constexpr const char* kWorkFiles[] = {"in.str", "temp.str", "out.str", "fixup.str"};
+constexpr const char* kWorkFiles[] = {kXlInputFile, kXlPageFile, kXlOutputFile, kXlFixedUpFile};
 
 }  // namespace
 

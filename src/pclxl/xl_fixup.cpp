@@ -9,6 +9,7 @@
 #include "base/stream.h"
 #include "pclxl/page_body.h"
 #include "pclxl/stored_stream.h"
+#include "pclxl/work_files.h"
 #include "pclxl/xl_operators.h"
 #include "pclxl/xl_reader.h"
 #include "pclxl/xl_walk.h"
@@ -70,7 +71,8 @@ XlResult XlFixupStream(std::string_view streamName, bool execute) {
   SessionOpening opening;
   const XlResult walked = WalkStream(state.get(), &opening);
   state.reset();
-  if (walked != kXlOk) return input.Failed() ? kXlFile : walked;
+  if (input.Failed()) return kXlFile;
+  if (walked != kXlOk) return walked;
 
   if (std::fclose(in.release()) != 0) return kXlFile;
   if (XlWriteStoredStream(streamName, opening.bytes(), body.size(), execute, out.get()) != kXlOk)

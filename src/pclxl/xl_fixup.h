@@ -7,9 +7,6 @@
 
 namespace zeapi {
 
-inline constexpr char kXlInputFile[] = "in.str";
-inline constexpr char kXlOutputFile[] = "out.str";
-
 // Turns "in.str" into "out.str". Returns 0, a code of the reader, 2 also for a session without a
 // page, or 53 (a work file failed; the name is longer than 255 bytes, or what opens the session
 // longer than 52).

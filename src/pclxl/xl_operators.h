@@ -17,7 +17,6 @@ enum XlTag : std::uint8_t {
   kXlUbyte = 0xC0,
   kXlUint16 = 0xC1,
   kXlUbyteArray = 0xC8,
-  kXlAttributeId = 0xF8,
   kXlEmbeddedData = 0xFA,      // four-byte length
   kXlEmbeddedDataByte = 0xFB,  // one-byte length
 };

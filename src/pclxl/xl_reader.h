@@ -2,8 +2,8 @@
 // before it. It reads the binary encoding with the low byte first, protocol class 1, revision 1.
 //
 // A value becomes an attribute when an identifier follows it; a value without one is dropped. The
-// elements of arrays are the only memory that is taken; at most 100 arrays of 65535 elements are
-// held at a time.
+// elements of arrays are the only memory that is taken; at most 102 arrays of 65535 elements are
+// held at a time: 100 of attributes, one without an identifier, one that is read.
 #pragma once
 
 #include <array>
@@ -48,9 +48,9 @@ struct XlReaderState {
   // One more than can be taken, for a value that is not an attribute yet.
   std::array<XlAttribute, kXlMostAttributes + 1> attributes;
   std::int32_t attributeCount = 0;
-  std::uint8_t currentTag = 0;     // the operator or embedded data met last
-  std::int32_t operatorCount = 0;  // how many of them were met
-  bool recovering = false;         // a report skips to the end: keep nothing
+  std::uint8_t currentTag = 0;      // the operator or embedded data met last
+  std::uint32_t operatorCount = 0;  // how many of them were met
+  bool recovering = false;          // a report skips to the end: keep nothing
   bool pageSeen = false;
 };
 

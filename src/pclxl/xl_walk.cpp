@@ -66,6 +66,8 @@ void PassOperators(XlReaderState* state) {
       break;
     }
   }
+  if (passed == 0) return;
+  state->attributes[0].Clear();  // a value without an identifier goes with its operator
   state->input->Skip(passed);
 }
 
@@ -88,7 +90,7 @@ XlResult WalkPage(XlReaderState* state) {
     const std::uint64_t now = state->input->Position();
     if (!ended && now - begin < kHandedOn) continue;
     const XlResult gathered = Gather(begin, ended ? end : now, state);
-    if (walked != kXlOk || gathered != kXlOk) return walked != kXlOk ? walked : gathered;
+    if (gathered != kXlOk || walked != kXlOk) return gathered != kXlOk ? gathered : walked;
     if (ended) return kXlOk;
     begin = now;
   }
@@ -103,7 +105,7 @@ XlResult HandlePage(XlReaderState* state) {
   if (result != kXlOk) return result;
   result = WalkPage(state);
   const XlResult ended = state->pageBody->End();
-  return result != kXlOk ? result : ended;
+  return ended != kXlOk ? ended : result;
 }
 
 XlResult HandleSession(XlReaderState* state) {
@@ -130,7 +132,7 @@ void XlReportError(XlResult code, XlReaderState* state) {
   if (code == kXlOk || code == kXlEnd) return;
   std::array<char, 80> text = {};
   std::snprintf(text.data(), text.size(), "\nERROR. (code = %d, op = 0x%02x, pos = %d)\n\n", code,
-                state->currentTag, state->operatorCount);
+                state->currentTag, static_cast<std::int32_t>(state->operatorCount));
   XlListText(state->listing, text.data());
   XlReleaseAttributes(state);
 

@@ -92,6 +92,18 @@ TEST_F(PclXlMacroTest, WorkFilesAreNoMacros) {
   }
 }
 
+TEST_F(PclXlMacroTest, WorkFilesAreNoPrintersWithTheFixup) {
+  for (const char* name : {"in.str", "temp.str", "out.str", "fixup.str"}) {
+    EXPECT_EQ(ZeMacCreate(kInput, name, &destination, &macro), ZE_OPEN_FAILED) << name;
+    EXPECT_EQ(ZeMacDownload(kInput, name, &destination, &macro, ZE_MACRO_PRINT_ONCE, 0),
+              ZE_OPEN_FAILED)
+        << name;
+  }
+  macro.macroFlags = 0;
+  EXPECT_EQ(ZeMacCreate(kInput, "out.str", &destination, &macro), ZE_OK);
+  EXPECT_BYTES(ReadFile("out.str"), ReadFile(kInput));
+}
+
 #if !defined(_WIN32)
 // Nobody writes to it: the library would wait for ever.
 TEST_F(PclXlMacroTest, NamedPipesAreNotOpened) {

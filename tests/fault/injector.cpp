@@ -19,6 +19,7 @@ namespace zeapi::testing {
 namespace {
 
 bool armed = false;
+bool halfReads = false;
 int countdown = 0;
 int counted = 0;
 const char* failedFunction = "";
@@ -47,6 +48,7 @@ void ArmFault(int failing) {
   armed = true;
 }
 
+void FailingReadsGiveHalf(bool half) { halfReads = half; }
 void DisarmFault() { armed = false; }
 int CountedCalls() { return counted; }
 std::string FailedFunction() { return failedFunction; }
@@ -68,6 +70,7 @@ std::size_t OpenDescriptors() {
 }  // namespace zeapi::testing
 
 using zeapi::testing::Fails;
+using zeapi::testing::halfReads;
 
 // A call that fails does nothing, but for closing: what was to be closed is closed all the same.
 #define FAULT_POINT(type, name, parameters, arguments, error, failure) \
@@ -129,9 +132,17 @@ std::FILE* MarkError(std::FILE* file) {
   file->_flags |= _IO_ERR_SEEN;
   return file;
 }
-FAULT_POINT(std::size_t, fread,
-            (void* buffer, std::size_t size, std::size_t count, std::FILE* file),
-            (buffer, size, count, file), EIO, (MarkError(file), 0))
+extern "C" std::size_t __real_fread(void* buffer, std::size_t size, std::size_t count,
+                                    std::FILE* file);
+extern "C" std::size_t __wrap_fread(void* buffer, std::size_t size, std::size_t count,
+                                    std::FILE* file);
+extern "C" std::size_t __wrap_fread(void* buffer, std::size_t size, std::size_t count,
+                                    std::FILE* file) {
+  if (!Fails("fread", EIO)) return __real_fread(buffer, size, count, file);
+  const std::size_t read = halfReads ? __real_fread(buffer, size, count / 2, file) : 0;
+  MarkError(file);
+  return read;
+}
 FAULT_POINT(char*, fgets, (char* line, int size, std::FILE* file), (line, size, file), EIO,
             (MarkError(file), nullptr))
 

@@ -11,6 +11,9 @@ namespace zeapi::testing {
 // none does, they are only counted.
 void ArmFault(int failing);
 
+// What a stream's read does when it is made to fail: it gives nothing, or half of what was asked.
+void FailingReadsGiveHalf(bool half);
+
 // Ends the counting.
 void DisarmFault();
 

@@ -6,6 +6,7 @@
 #include "base/stream.h"
 #include "fault/each_failure.h"
 #include "pclxl/stream_fixup.h"
+#include "pclxl/xl_fixup.h"
 #include "support/job.h"
 #include "support/pclxl.h"
 
@@ -119,6 +120,20 @@ TEST_F(PclXlFaultTest, FailuresOfWorkFilesGiveFixupFailed) {
   EXPECT_GE(failures["fread"], 10);
   EXPECT_GE(failures["fseek"], 1);
   EXPECT_GE(failures["open"], 1);  // of "temp.str"
+}
+
+// What came before the failure may be a whole session.
+TEST_F(PclXlFaultTest, ReadOfAWorkFileThatGivesSomethingAndFailsIsAFailure) {
+  FailingReadsGiveHalf(true);
+  XlResult fixed = kXlOk;
+  const FailurePoints points =
+      EachFailure([&] { WriteFile("in.str", xl::Session(xl::Page(body))); },
+                  [&] { fixed = XlFixupStream("Form", false); },
+                  [&](const std::string& failed) {
+                    EXPECT_TRUE(failed != "fread" || fixed == kXlFile) << fixed;
+                  });
+  EXPECT_GE(points.at("fread"), 10);
+  FailingReadsGiveHalf(false);
 }
 
 }  // namespace

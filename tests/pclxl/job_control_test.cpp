@@ -92,5 +92,25 @@ TEST_F(JobControlTest, JobControlAcrossTheBordersOfBlocksIsFound) {
   }
 }
 
+TEST_F(JobControlTest, BytesThatBeginNothingPassAtTheBordersOfBlocks) {
+  for (std::size_t before = 1020; before <= 1026; ++before) {
+    const std::string text(before, 'x');
+    for (const char* bytes : {"@", "\x1B", "@a", "\x1B(X", "@P", "\x1B%", "@@", "\x1B@", "@\x1B"}) {
+      const std::string job = text + bytes + "more";
+      EXPECT_BYTES(Strip(job), job);
+    }
+  }
+}
+
+TEST_F(JobControlTest, JobControlBehindManyThatBeginNothingIsFound) {
+  std::string text;
+  for (int i = 0; i < 400; ++i) text += "@x\x1B(";
+  EXPECT_BYTES(Strip(text + "@PJL A\n" + text + "\x1B%-12345X" + text), text + text + text);
+  EXPECT_BYTES(Strip("\x1B@PJL x\na"),
+               "\x1B"
+               "a");
+  EXPECT_BYTES(Strip("@\x1B%-12345Xa"), "@a");
+}
+
 }  // namespace
 }  // namespace zeapi::testing

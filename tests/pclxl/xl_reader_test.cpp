@@ -79,17 +79,17 @@ class XlTokenTest : public XlTest {
 TEST_F(XlTokenTest, StopsAtEachOperatorAndCountsIt) {
   EXPECT_EQ(Run(Hex({0x41, 0x42, 0xFA})), kXlOk);
   EXPECT_EQ(state()->currentTag, 0x41);
-  EXPECT_EQ(state()->operatorCount, 1);
+  EXPECT_EQ(state()->operatorCount, 1U);
   EXPECT_EQ(XlReadToOperator(state()), kXlOk);
   EXPECT_EQ(XlReadToOperator(state()), kXlOk);
   EXPECT_EQ(state()->currentTag, 0xFA);
-  EXPECT_EQ(state()->operatorCount, 3);
+  EXPECT_EQ(state()->operatorCount, 3U);
   EXPECT_EQ(XlReadToOperator(state()), kXlEnd);
 }
 
 TEST_F(XlTokenTest, StartsWithNoAttributeAndAUbyteOfZero) {
   EXPECT_EQ(state()->attributeCount, 0);
-  EXPECT_EQ(state()->operatorCount, 0);
+  EXPECT_EQ(state()->operatorCount, 0U);
   EXPECT_FALSE(state()->recovering);
   EXPECT_EQ(Attribute(0).type, 0xC0U);
   EXPECT_EQ(Attribute(0).value[0], 0);
@@ -110,7 +110,7 @@ TEST_F(XlTokenTest, EscapeAtABorderOfTheBufferIsLeftUnread) {
 
 TEST_F(XlTokenTest, WhiteSpaceIsSkipped) {
   EXPECT_EQ(Run(Bytes("\0\t\n\v\f\r ") + Hex({0x41})), kXlOk);
-  EXPECT_EQ(state()->operatorCount, 1);
+  EXPECT_EQ(state()->operatorCount, 1U);
   EXPECT_EQ(state()->attributeCount, 0);
 }
 
@@ -118,7 +118,7 @@ TEST_F(XlTokenTest, IllegalByteBecomesTheTag) {
   for (const int byte : {0x01, 0x40, 0x46, 0x4C, 0x56, 0x5F, 0x7E, 0x82, 0x83, 0xC6, 0xFC, 0xFF}) {
     EXPECT_EQ(Run(Hex({byte})), kXlIllegalByte) << byte;
     EXPECT_EQ(state()->currentTag, byte);
-    EXPECT_EQ(state()->operatorCount, 0);
+    EXPECT_EQ(state()->operatorCount, 0U);
   }
 }
 

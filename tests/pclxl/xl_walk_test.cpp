@@ -33,7 +33,7 @@ class XlWalkTest : public XlTest {
   }
 
   // A result and what the reader says beside it.
-  using Ending = std::tuple<XlResult, std::int32_t, std::uint8_t, std::int32_t>;
+  using Ending = std::tuple<XlResult, std::uint32_t, std::uint8_t, std::int32_t>;
   Ending EndOf(XlResult result) {
     return {result, state()->operatorCount, state()->currentTag, state()->attributeCount};
   }
@@ -44,7 +44,7 @@ class XlWalkTest : public XlTest {
 TEST_F(XlWalkTest, SessionEndsWithEndSessionAndNothingAfterItIsRead) {
   EXPECT_EQ(Walk(Hex({0x41, 0x48, 0x49, 0x42}) + "\x01 junk"), kXlOk);
   EXPECT_BYTES(Unread(), "\x01 junk");
-  EXPECT_EQ(state()->operatorCount, 4);
+  EXPECT_EQ(state()->operatorCount, 4U);
 }
 
 TEST_F(XlWalkTest, SessionThatDoesNotEndIsTheEnd) {
@@ -74,7 +74,7 @@ TEST_F(XlWalkTest, PageTakesItsOperatorsAlone) {
 TEST_F(XlWalkTest, SecondPageIsAnErrorInsideAPageAndAfterIt) {
   EXPECT_EQ(Walk(Hex({0x41, 0x43, 0x43})), kXlSecondPage);
   EXPECT_EQ(Walk(Hex({0x41, 0x43, 0x44, 0x43, 0x44, 0x42})), kXlSecondPage);
-  EXPECT_EQ(state()->operatorCount, 4);
+  EXPECT_EQ(state()->operatorCount, 4U);
 }
 
 TEST_F(XlWalkTest, SecondPageLeavesTheBodyOfTheFirst) {
@@ -92,7 +92,7 @@ TEST_F(XlWalkTest, PageCutShortIsTheEnd) {
 TEST_F(XlWalkTest, EmbeddedDataIsPassedOverByItsLength) {
   EXPECT_EQ(Walk(Hex({0x41}) + Data(std::string(5000, '\x42')) + Hex({0x42})), kXlOk);
   EXPECT_EQ(Walk(Hex({0x41}) + Data("") + Hex({0xFB, 3, 1, 2, 3, 0xFB, 0, 0x42})), kXlOk);
-  EXPECT_EQ(state()->operatorCount, 5);
+  EXPECT_EQ(state()->operatorCount, 5U);
 }
 
 TEST_F(XlWalkTest, EmbeddedDataCutShortIsTheEnd) {
@@ -196,6 +196,38 @@ TEST_F(XlWalkTest, BodyBeforeTheEndOfThePageIsWholeWhereverTheBlocksEnd) {
     EXPECT_EQ(Gather(Hex({0x41}) + Page(body) + Hex({0x42})), kXlOk);
     EXPECT_BYTES(ReadFile("temp.str"), body);
   }
+}
+
+// Each byte of a token stands at the border of what is looked at together at some time.
+TEST_F(XlWalkTest, BodyIsWholeWhereverTheBordersFall) {
+  const std::string tokens = xl::Attribute(Hex({0xE5}) + std::string(16, '\x44'), 0x42) +
+                             Hex({0xC8, 0xC0, 3, 1, 2, 3, 0xF8, 0xAB}) + " \n" + Hex({0xA8}) +
+                             xl::Attribute(Ubyte(7), 0x4B) + Data("data") +
+                             Hex({0x85, 0xFB, 2, 9, 9, 0x60});
+  for (const std::size_t border : {2048U, 4096U}) {
+    for (std::size_t before = border - tokens.size() - 8; before < border; ++before) {
+      const std::string body = std::string(before, ' ') + tokens + tokens;
+      ASSERT_EQ(
+          Gather(Hex({0x41, 0x43}) + body + xl::Attribute(Ubyte(1), 0x31) + Hex({0x44, 0x42})),
+          kXlOk);
+      EXPECT_BYTES(ReadFile("temp.str"), body) << before;
+    }
+  }
+}
+
+TEST_F(XlWalkTest, AttributesBeforeEmbeddedDataAreInTheBody) {
+  const std::string body = xl::Attribute(Uint16(1), 0x31) + Hex({0xFB, 1, 'x'});
+  EXPECT_EQ(Gather(Hex({0x41, 0x43}) + body + Hex({0x44, 0x42})), kXlOk);
+  EXPECT_BYTES(ReadFile("temp.str"), body);
+  EXPECT_EQ(Gather(Hex({0x41, 0x43}) + body + xl::Attribute(Ubyte(1), 0x31) + Hex({0x44, 0x42})),
+            kXlOk);
+  EXPECT_BYTES(ReadFile("temp.str"), body);
+}
+
+TEST_F(XlWalkTest, LargeArrayBeforeTheEndOfThePageIsNotInTheBody) {
+  const std::string large = xl::Attribute(UbyteArray(std::string(20000, 'a')), 0x81);
+  EXPECT_EQ(Gather(Hex({0x41, 0x43}) + Body() + large + Hex({0x44, 0x42})), kXlOk);
+  EXPECT_BYTES(ReadFile("temp.str"), Body());
 }
 
 TEST_F(XlWalkTest, WhatWasGatheredBeforeAnErrorIsWritten) {
