@@ -9,7 +9,7 @@ lineGoal=95
 branchGoal=90
 notRun=()
 
-# Says what begins, after how many minutes.
+# A line of the log, with the minutes and seconds since the start.
 step() { printf '\n== %d:%02d %s\n' $((SECONDS / 60)) $((SECONDS % 60)) "$*"; }
 
 # Configures and builds a preset; what the compiler says is shown when it fails.

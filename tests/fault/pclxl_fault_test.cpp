@@ -136,5 +136,21 @@ TEST_F(PclXlFaultTest, ReadOfAWorkFileThatGivesSomethingAndFailsIsAFailure) {
   FailingReadsGiveHalf(false);
 }
 
+// The page is written before the walk meets what it refuses.
+TEST_F(PclXlFaultTest, PageThatCannotBeWrittenComesBeforeAnErrorBehindIt) {
+  XlResult fixed = kXlOk;
+  const FailurePoints points =
+      EachFailure([&] { WriteFile("in.str", xl::Session(xl::Page(body + "\x01"))); },
+                  [&] { fixed = XlFixupStream("Form", false); },
+                  [&](const std::string& failed) {
+                    if (failed.empty()) {
+                      EXPECT_EQ(fixed, kXlIllegalByte);
+                    } else if (failed == "fwrite") {
+                      EXPECT_EQ(fixed, kXlFile);
+                    }
+                  });
+  EXPECT_GE(points.at("fwrite"), 3);
+}
+
 }  // namespace
 }  // namespace zeapi::testing

@@ -224,6 +224,19 @@ TEST_F(XlWalkTest, AttributesBeforeEmbeddedDataAreInTheBody) {
   EXPECT_BYTES(ReadFile("temp.str"), body);
 }
 
+// The identifier at the end would otherwise name the array, whose operator is long over.
+TEST_F(XlWalkTest, ValueWithoutAnIdentifierGoesWithItsOperator) {
+  for (XlListingSink* sink :
+       {static_cast<XlListingSink*>(nullptr), static_cast<XlListingSink*>(&listing)}) {
+    EXPECT_EQ(
+        Walk(Hex({0x41, 0x43, 0xC8, 0xC0, 1, 'x', 0xFB, 1, 'y', 0x85, 0xF8, 0x26, 0x01}), sink),
+        kXlIllegalByte);
+    EXPECT_EQ(Attribute(0).id, 0x26U);
+    EXPECT_EQ(Attribute(0).type, 0xC0U);
+    EXPECT_EQ(Attribute(0).elements, nullptr);
+  }
+}
+
 TEST_F(XlWalkTest, LargeArrayBeforeTheEndOfThePageIsNotInTheBody) {
   const std::string large = xl::Attribute(UbyteArray(std::string(20000, 'a')), 0x81);
   EXPECT_EQ(Gather(Hex({0x41, 0x43}) + Body() + large + Hex({0x44, 0x42})), kXlOk);

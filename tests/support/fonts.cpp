@@ -108,6 +108,13 @@ std::uint32_t FontTest::Query(const std::string& path, std::uint32_t option) {
   return QueryInto(path, option, 1);
 }
 
+void FontTest::WriteAfmWithInf() {
+  WriteFile("font.afm",
+            "FontName Test-Roman\nStartCharMetrics 1\nC 65 ; WX 700 ; N A ;\nEndCharMetrics\n"
+            "EndFontMetrics\n");
+  WriteFile("font.INF", "MSMenuName (Test)\n");
+}
+
 void FontTest::SetMetricsFile(std::string_view path) {
   *std::copy(path.begin(), path.end(), info.metricsFile) = '\0';
 }

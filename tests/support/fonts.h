@@ -99,6 +99,8 @@ class FontTest : public ScratchTest {
   static std::filesystem::path DumpFile() { return DriveC() / "apifonts.txt"; }
   // The record's path of a metrics file.
   void SetMetricsFile(std::string_view path);
+  // "font.afm" of one character, with the file that tells the style.
+  static void WriteAfmWithInf();
   static void Touch(const std::string& path) { WriteFile(path, "x"); }
 
   ZeFontInfo info = {};

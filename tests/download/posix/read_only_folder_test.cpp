@@ -8,8 +8,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr char kUnbound[] = "permissions do not bind this process";
-
 class ReadOnlyFolderTest : public MacroTest {
  protected:
   void SetUp() override {

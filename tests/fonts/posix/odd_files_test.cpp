@@ -118,10 +118,7 @@ class OutputTest : public FontTest {
  protected:
   void SetUp() override {
     FontTest::SetUp();
-    WriteFile("font.afm",
-              "FontName Test-Roman\nStartCharMetrics 1\nC 65 ; WX 700 ; N A ;\nEndCharMetrics\n"
-              "EndFontMetrics\n");
-    WriteFile("font.INF", "MSMenuName (Test)\n");
+    WriteAfmWithInf();
   }
 };
 

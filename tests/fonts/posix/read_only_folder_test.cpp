@@ -14,10 +14,7 @@ class ReadOnlyFontTest : public FontTest {
  protected:
   void SetUp() override {
     FontTest::SetUp();
-    WriteFile("font.afm",
-              "FontName Test-Roman\nStartCharMetrics 1\nC 65 ; WX 700 ; N A ;\nEndCharMetrics\n"
-              "EndFontMetrics\n");
-    WriteFile("font.INF", "MSMenuName (Test)\n");
+    WriteAfmWithInf();
     WriteFile("font.pfm", PostScriptPfm{}.File());
     WriteFile("font.dlf", DlfFile{}.File());
     SoftFont soft(0);
@@ -35,7 +32,7 @@ TEST_F(ReadOnlyFontTest, EachConversionGivesOpenFailedForItsOutput) {
       {5, "font.sfp"}, {6, "font.sfp"}, {16, "font.sfp"}, {17, "font.sfp"}};
   {
     const ReadOnly folder({"out"});
-    if (!folder.Binds()) GTEST_SKIP() << "permissions do not bind this process";
+    if (!folder.Binds()) GTEST_SKIP() << kUnbound;
     for (const auto& [conversion, font] : rows) {
       EXPECT_EQ(ZeFonConvert(font, "out\\new.fil", &info, 4, conversion), ZE_OPEN_FAILED)
           << conversion;
@@ -55,7 +52,7 @@ TEST_F(ReadOnlyFontTest, QueryAndSearchNeedNoDump) {
   std::uint16_t count = 0;
   {
     const ReadOnly folders({".", DriveC()});
-    if (!folders.Binds()) GTEST_SKIP() << "permissions do not bind this process";
+    if (!folders.Binds()) GTEST_SKIP() << kUnbound;
     EXPECT_EQ(Query("font.sfp"), ZE_OK);
     ZeFonFindFree(ZeFonFind(".", &count, 9, 5, 0, 0));
   }

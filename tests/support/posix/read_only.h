@@ -11,6 +11,9 @@
 
 namespace zeapi::testing {
 
+// Why a test of them is left out.
+inline constexpr char kUnbound[] = "permissions do not bind this process";
+
 // While one lives, these folders may only be read. Permissions do not bind the superuser, whose
 // process therefore steps down meanwhile.
 class ReadOnly {
