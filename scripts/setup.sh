@@ -11,7 +11,7 @@ set -euo pipefail
 export DEBIAN_FRONTEND=noninteractive
 
 native=(g++ cmake ninja-build libcli11-dev nlohmann-json3-dev libcups2-dev)
-tools=(clang clang-tidy clang-format libclang-rt-14-dev llvm lld cppcheck gcovr googletest
+tools=(clang clang-tidy clang-format libclang-rt-14-dev llvm lld cppcheck googletest
   libbenchmark-dev python3 ghostscript zip unzip p7zip-full libarchive-tools cups cups-client
   locales pkg-config fonts-urw-base35 tex-gyre lmodern fontforge-nox fontconfig fonts-dejavu-core
   zlib1g-dev libdeflate-dev doxygen groff-base dpkg-dev mono-mcs)

@@ -22,13 +22,7 @@ build() {
   fi
 }
 
-run_preset() {
-  step "$1: build and test"
-  build "$1"
-  ctest --preset "$1"
-}
-
-# The tests of several presets at once. Those under Wine mostly wait: each preset has one Wine for all.
+# The tests of several presets at once: those under Wine run one after the other, on one Wine a preset.
 run_side_by_side() {
   local preset failed=0 running=()
   for preset; do
@@ -49,16 +43,13 @@ have() { command -v "$1" >/dev/null 2>&1; }
 step "tools"
 scripts/setup.sh test
 
-run_preset dev
-run_preset release
-
+step "dev: build"
+build dev
+step "dev: test"
+rm -rf build/dev/profiles
+ctest --preset dev
 step "coverage of src/ by the native tests"
-build coverage
-find build/coverage -name '*.gcda' -delete
-ctest --preset coverage
-gcovr --root . --filter 'src/' --object-directory build/coverage --exclude-throw-branches \
-  --print-summary --output build/coverage/report.txt \
-  --fail-under-line "$lineGoal" --fail-under-branch "$branchGoal"
+scripts/coverage.py build/dev "$lineGoal" "$branchGoal"
 
 if have doxygen; then
   step "reference of the interface"
@@ -70,7 +61,10 @@ fi
 step "fuzz targets, $fuzzSeconds s each"
 scripts/fuzz.sh "$fuzzSeconds"
 
-windows=()
+step "release: build"
+build release
+
+built=(release)
 for bits in 86 64; do
   if ! have "$([ $bits = 86 ] && echo i686 || echo x86_64)-w64-mingw32-g++-posix"; then
     notRun+=("windows-x$bits: no cross compiler")
@@ -81,10 +75,11 @@ for bits in 86 64; do
   if ! have wine; then
     notRun+=("windows-x$bits under Wine: no Wine")
   else
-    windows+=("windows-x$bits")
+    built+=("windows-x$bits")
   fi
 done
-run_side_by_side "${windows[@]}"
+step "tests of ${built[*]}"
+run_side_by_side "${built[@]}"
 
 if [ ${#notRun[@]} -gt 0 ]; then
   printf '\nNot run here:\n'

@@ -271,7 +271,7 @@ TEST_F(ArchiveStructure, MostEntriesThatThereCanBe) {
 // --- Damage
 
 bool IsStated(std::uint32_t result) {
-  for (const std::uint32_t stated : {0, 2, 9, 27, 31}) {
+  for (const std::uint32_t stated : {0U, 2U, 9U, 27U, 31U}) {
     if (result == stated) return true;
   }
   return false;

@@ -231,7 +231,8 @@ void PutDynamicHeader(const Lengths& lengths, DeflateWriter* bits) {
   bits->Put(static_cast<unsigned>(lengths.literals.size()) - 257, 5);
   bits->Put(static_cast<unsigned>(lengths.distances.size()) - 1, 5);
   bits->Put(15, 4);
-  for (const unsigned symbol : {16, 17, 18, 0, 8, 7, 9, 6, 10, 5, 11, 4, 12, 3, 13, 2, 14, 1, 15})
+  for (const unsigned symbol :
+       {16U, 17U, 18U, 0U, 8U, 7U, 9U, 6U, 10U, 5U, 11U, 4U, 12U, 3U, 13U, 2U, 14U, 1U, 15U})
     bits->Put(symbol < 16 ? 4 : 0, 3);
   for (const unsigned length : lengths.literals) bits->PutCode(length, 4);
   for (const unsigned length : lengths.distances) bits->PutCode(length, 4);
@@ -320,7 +321,8 @@ TEST(Inflate, RepeatedLengths) {
     bits->Put(0, 5);   // 1 distance
     bits->Put(14, 4);  // up to symbol 1
     // Codes of two bits: 1, 16, 17, 18 in this order.
-    for (const unsigned symbol : {16, 17, 18, 0, 8, 7, 9, 6, 10, 5, 11, 4, 12, 3, 13, 2, 14, 1})
+    for (const unsigned symbol :
+         {16U, 17U, 18U, 0U, 8U, 7U, 9U, 6U, 10U, 5U, 11U, 4U, 12U, 3U, 13U, 2U, 14U, 1U})
       bits->Put(symbol >= 16 || symbol == 1 ? 2 : 0, 3);
   };
   DeflateWriter bits;

@@ -161,13 +161,13 @@ TEST_F(AfmReaderTest, Characters) {
           "EndCharMetrics\n");
   EXPECT_TRUE(metrics.byWindowsCode[32].present);
   EXPECT_EQ(metrics.byWindowsCode[32].width, 250);
-  EXPECT_EQ(metrics.byWindowsCode['f'].width, 333);
-  EXPECT_EQ(metrics.byWindowsCode['f'].box[0], 20);
-  EXPECT_EQ(metrics.byWindowsCode['f'].box[1], -7);
-  EXPECT_EQ(metrics.byWindowsCode['f'].box[2], 383);
-  EXPECT_EQ(metrics.byWindowsCode['f'].box[3], 683);
+  EXPECT_EQ(metrics.byWindowsCode[102].width, 333);
+  EXPECT_EQ(metrics.byWindowsCode[102].box[0], 20);
+  EXPECT_EQ(metrics.byWindowsCode[102].box[1], -7);
+  EXPECT_EQ(metrics.byWindowsCode[102].box[2], 383);
+  EXPECT_EQ(metrics.byWindowsCode[102].box[3], 683);
   EXPECT_EQ(metrics.byWindowsCode[0xC4].width, 722);
-  EXPECT_FALSE(metrics.byWindowsCode['g'].present);
+  EXPECT_FALSE(metrics.byWindowsCode[103].present);
   EXPECT_EQ(metrics.byFontCode[102].width, 333);
   EXPECT_FALSE(metrics.byFontCode[0xC4].present);
 }
@@ -175,11 +175,11 @@ TEST_F(AfmReaderTest, Characters) {
 TEST_F(AfmReaderTest, ItemsComeInAnyOrderAndSpacing) {
   const AfmMetrics& metrics =
       Afm("StartCharMetrics 2\nC 65;N A;B 1 2 3 4;WX 600\nCH <42> ; N B ; WX 5\n");
-  EXPECT_EQ(metrics.byWindowsCode['A'].width, 600);
-  EXPECT_EQ(metrics.byWindowsCode['A'].box[3], 4);
-  EXPECT_EQ(metrics.byFontCode['A'].width, 600);
-  EXPECT_EQ(metrics.byWindowsCode['B'].width, 5);
-  EXPECT_EQ(metrics.byFontCode['B'].width, 5);
+  EXPECT_EQ(metrics.byWindowsCode[65].width, 600);
+  EXPECT_EQ(metrics.byWindowsCode[65].box[3], 4);
+  EXPECT_EQ(metrics.byFontCode[65].width, 600);
+  EXPECT_EQ(metrics.byWindowsCode[0x42].width, 5);
+  EXPECT_EQ(metrics.byFontCode[0x42].width, 5);
 }
 
 TEST_F(AfmReaderTest, CodesMayBeHexadecimal) {

@@ -297,7 +297,7 @@ TEST_F(AfmWriterTest, RefusesOffsetsThatLeadOutOfTheFile) {
   font.pairs = {{65, 66, 1}};
   const std::string file = font.File();
   const auto size = static_cast<std::uint32_t>(file.size());
-  for (const std::size_t field : {119, 123, 131, 139}) {
+  for (const std::size_t field : {119U, 123U, 131U, 139U}) {
     for (const std::uint32_t offset : {size, size + 1000, 0x7FFFFFFFU, 0xFFFFFFFFU}) {
       std::string bad = file;
       bad.replace(field, 4, Le32(offset));

@@ -78,7 +78,7 @@ TEST_F(PclMetricsTest, ProportionalBitmap) {
   // From the boxes of the letters.
   EXPECT_EQ(pfm.ExtendedField(2), 240);
   EXPECT_EQ(pfm.ExtendedField(4), 1);
-  for (const std::size_t size : {6, 8, 10, 12}) EXPECT_EQ(pfm.ExtendedField(size), 52);
+  for (const std::size_t size : {6U, 8U, 10U, 12U}) EXPECT_EQ(pfm.ExtendedField(size), 52);
   EXPECT_EQ(pfm.ExtendedField(14), 35);
   EXPECT_EQ(pfm.ExtendedField(16), 23);
   EXPECT_EQ(pfm.ExtendedField(18), 37);

@@ -26,7 +26,8 @@ class PclFilterTest : public MacroFilterTest {
     const std::string in(input);
     const std::string out(output);
     EXPECT_BYTES(Pcl("ab" + in + "yz", options), "ab" + out + "yz");
-    for (const std::size_t at : {770, 775, 776, 777, 1010, 1020, 1021, 1022, 1023, 1024}) {
+    for (const std::size_t at :
+         {770U, 775U, 776U, 777U, 1010U, 1020U, 1021U, 1022U, 1023U, 1024U}) {
       const std::string text(at, 't');
       EXPECT_BYTES(Pcl(text + in + "yz", options), text + out + "yz");
     }

@@ -15,7 +15,8 @@ class PostScriptFilterTest : public MacroFilterTest {
   // Also behind text that puts the bytes across the borders of the reader's blocks.
   void Expect(const std::string& input, const std::string& output) {
     EXPECT_BYTES(PostScript(input), output);
-    for (const std::size_t at : {770, 775, 776, 777, 1010, 1020, 1021, 1022, 1023, 1024}) {
+    for (const std::size_t at :
+         {770U, 775U, 776U, 777U, 1010U, 1020U, 1021U, 1022U, 1023U, 1024U}) {
       const std::string text(at, 't');
       EXPECT_BYTES(PostScript(text + input + "z"), text + output + "z");
     }

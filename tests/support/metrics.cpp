@@ -100,7 +100,7 @@ std::vector<PostScriptPfm::Pair> MetricsView::Pairs() const {
   if (U32(105) <= 34 || U32(105) >= 2048)
     return ::testing::AssertionFailure() << "face name at " << U32(105);
   if (U16(Extension()) != 30) return ::testing::AssertionFailure() << "no extension";
-  for (const std::size_t field : {2, 6, 14, 22}) {
+  for (const std::size_t field : {2U, 6U, 14U, 22U}) {
     if (U32(Extension() + field) >= bytes_.size())
       return ::testing::AssertionFailure() << "offset at " << field << " of the extension";
   }

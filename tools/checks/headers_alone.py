@@ -1,9 +1,13 @@
 #!/usr/bin/env python3
 """Every header compiles alone and twice; the public header also as C99, C11 and C++11.
 
+A header that did is tried again when it, what it includes of ours, or the compiler has changed.
+
 Usage: headers_alone.py ROOT BUILD
 """
+import pathlib
 import shutil
+import subprocess
 
 import house
 
@@ -43,11 +47,18 @@ def check(root, build):
     tries = [(path, compiler) for path in house.files(root, suffixes=house.HEADERS)
              for compiler in compilers(root, path)]
 
+    versions = {name: subprocess.run([name, "--version"], stdout=subprocess.PIPE, check=True).stdout
+                for name in {compiler[0] for _, compiler in tries}}
+    found_clean = house.FoundClean(build / "headers_alone")
+
     def compile_alone(item):
         path, compiler = item
+        command = compiler + WARNINGS + flags[path.parts[0]] + ["-fsyntax-only", "-"]
+        folders = [pathlib.Path(word[2:]) for word in command if word.startswith("-I")]
+        depends_on = (versions[compiler[0]], " ".join(command).encode(),
+                      house.text_of_all(root, path, folders))
         text = f'#include "{root / path}"\n' * 2
-        return house.output_of(compiler + WARNINGS + flags[path.parts[0]] + ["-fsyntax-only", "-"],
-                               input=text)
+        return found_clean.or_complaint(depends_on, lambda: house.output_of(command, input=text))
 
     for (path, compiler), output in zip(tries, house.in_parallel(compile_alone, tries)):
         if output is not None:

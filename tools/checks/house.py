@@ -4,6 +4,7 @@ A check is a function that takes the root of the sources (and the build folder w
 yields its complaints, each "file:line: what is wrong; what to do". run() makes a program of it.
 """
 import concurrent.futures
+import hashlib
 import json
 import os
 import pathlib
@@ -63,6 +64,40 @@ def compile_commands(root, build):
     """What each file below FOLDERS is compiled with: {path: [words]}."""
     return {source: command for _, command, sources in compile_units(root, build)
             for source in sources}
+
+
+def text_of_all(root, path, folders):
+    """The text of a file and of all files below the root that it includes, searched in its own folder
+    and in these."""
+    seen = {}
+    left = [root / path]
+    while left:
+        file = left.pop()
+        if file in seen:
+            continue
+        seen[file] = file.read_bytes()
+        for _, _, name in includes(root, file):
+            left += [folder / name for folder in (file.parent, *folders)
+                     if (folder / name).is_file() and folder.is_relative_to(root)][:1]
+    return b"".join(seen[file] for file in sorted(seen))
+
+
+class FoundClean:
+    """Remembers in a folder what a check found nothing in, by all that this depends on."""
+
+    def __init__(self, folder):
+        self.folder = folder
+        folder.mkdir(exist_ok=True)
+
+    def or_complaint(self, depends_on, look):
+        """None for what was found clean before or is now; else what look() says."""
+        seen = self.folder / hashlib.sha256(b"\0".join(depends_on)).hexdigest()
+        if seen.exists():
+            return None
+        complaint = look()
+        if complaint is None:
+            seen.touch()
+        return complaint
 
 
 def in_parallel(function, items):

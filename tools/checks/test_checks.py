@@ -55,6 +55,15 @@ class Checks(unittest.TestCase):
         self.write("src/base/a.h", "#pragma once\n#include <cstddef>\nstd::size_t Count();\n")
         self.accepts(headers_alone.check, self.root)
 
+    def test_a_header_is_tried_again_when_what_it_includes_has_changed(self):
+        self.write_compile_commands()
+        self.write("src/base/a.h", "#pragma once\nstruct A { int first; };\n")
+        self.write("src/base/b.h", '#pragma once\n#include "base/a.h"\ninline int First(A a) { return a.first; }\n')
+        self.accepts(headers_alone.check, self.root)
+        self.accepts(headers_alone.check, self.root)
+        self.write("src/base/a.h", "#pragma once\nstruct A { int last; };\n")
+        self.refuses("src/base/b.h: does not compile alone", headers_alone.check, self.root)
+
     def test_a_header_may_be_included_twice(self):
         self.write_compile_commands()
         self.write("src/base/a.h", "struct A {};\n")
@@ -217,9 +226,9 @@ class Checks(unittest.TestCase):
     def test_cppcheck_looks_for_bugs(self):
         self.write("include/zeapi.h", "")
         self.write("src/base/a.cpp", "int Last() {\n  int values[2] = {1, 2};\n  return values[2];\n}\n")
-        self.refuses("cppcheck complains", cppcheck.check)
+        self.refuses("cppcheck complains", cppcheck.check, self.root)
         self.write("src/base/a.cpp", "int Last() {\n  int values[2] = {1, 2};\n  return values[1];\n}\n")
-        self.accepts(cppcheck.check)
+        self.accepts(cppcheck.check, self.root)
 
     def test_tidy_looks_again_at_what_has_changed(self):
         self.assertEqual(self.tidy_output("int Count();\n"), "")

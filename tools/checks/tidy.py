@@ -7,7 +7,6 @@ look there.
 
 Usage: tidy.py ROOT BUILD [FOLDER...]
 """
-import hashlib
 import subprocess
 
 import house
@@ -35,23 +34,17 @@ OPTIONS = ["--quiet", "--checks=-bugprone-suspicious-include", "--extra-arg=-Wno
 
 def check(root, build, *folders):
     rules = root / ".clang-tidy"
-    found_clean = build / "tidy"
-    found_clean.mkdir(exist_ok=True)
+    found_clean = house.FoundClean(build / "tidy")
     units = [(path, command) for path, command, sources in house.compile_units(root, build)
              if any((root / source).is_relative_to(folder) for source in sources
                     for folder in folders or [root / "src"])]
 
     def complaints_about(unit):
         path, command = unit
-        seen = hashlib.sha256(rules.read_bytes() + " ".join(OPTIONS + command).encode() +
-                              preprocessed(command)).hexdigest()
-        if (found_clean / seen).exists():
-            return None
+        depends_on = (rules.read_bytes(), " ".join(OPTIONS + command).encode(), preprocessed(command))
         # One unit a run: the analyzer mistakes things when it carries on from one to the next.
-        output = house.output_of(["clang-tidy", f"--config-file={rules}", f"-p={build}", *OPTIONS, path])
-        if output is None:
-            (found_clean / seen).touch()
-        return output
+        return found_clean.or_complaint(depends_on, lambda: house.output_of(
+            ["clang-tidy", f"--config-file={rules}", f"-p={build}", *OPTIONS, path]))
 
     for (path, _), output in zip(units, house.in_parallel(complaints_about, units)):
         if output is not None:
