@@ -14,10 +14,7 @@ import zipfile
 
 import inputs
 import interface
-
-sys.path.append(str(interface.ROOT / "tests/support"))
-
-from printer_record import option_item, option_record  # noqa: E402
+from printer_record import option_item, option_record
 
 BINDING = interface.ROOT / "bindings/csharp/Zeapi.cs"
 HOST = interface.ROOT / "tests/bindings/csharp_host.cs"

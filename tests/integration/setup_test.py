@@ -3,16 +3,12 @@
 archive and web link, on a real queue."""
 
 import os
-import pathlib
-import sys
 import zipfile
 
-sys.path.append(str(pathlib.Path(__file__).resolve().parents[1] / "support"))
-
-import jobs  # noqa: E402
-import spooler_case  # noqa: E402
-from printer_record import option_item, option_record  # noqa: E402
-from spooler_case import QUEUE  # noqa: E402
+import jobs
+import spooler_case
+from printer_record import option_item, option_record
+from spooler_case import QUEUE
 
 PANEL = b"[Format]\nStyle=2\n[Dialogs]\n1=Paper\n[Paper]\nNumCtrls=2\nDefaults=1A;5;2B;-3\n"
 LETTER = b"\x1bE\x1b&l0OLetterhead\r\n\x0c"
