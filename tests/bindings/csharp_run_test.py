@@ -1,4 +1,4 @@
-"""Zeapi.cs compiled, with the library of this build behind it. Ends with 77 where Mono is missing.
+"""Zeapi.cs compiled, with the library of this build behind it.
 
 Usage: csharp_run_test.py LIBRARY FACTS    (FACTS: the program of facts.c)
 """
@@ -14,6 +14,7 @@ import zipfile
 
 import inputs
 import interface
+from not_run import not_run
 from printer_record import option_item, option_record
 
 BINDING = interface.ROOT / "bindings/csharp/Zeapi.cs"
@@ -106,8 +107,7 @@ class CSharpRun(unittest.TestCase):
 
 def main():
     if not shutil.which("mcs") or not shutil.which("mono"):
-        print("No Mono on this host")
-        sys.exit(77)
+        not_run("Mono (package mono-mcs) is not installed")
     CSharpRun.library, CSharpRun.facts = sys.argv[1:]
     unittest.main(argv=sys.argv[:1])
 

@@ -1,5 +1,5 @@
 """Archives between programs: ours reads what `zip` and `7z` make, and `unzip` and `7z` read what the
-encoders of the tests make. Ends with 77 where those programs are missing."""
+encoders of the tests make."""
 import argparse
 import os
 import random
@@ -8,6 +8,8 @@ import subprocess
 import sys
 import tempfile
 import unittest
+
+from not_run import not_run
 
 PROGRAMS = ("zip", "unzip", "7z")
 
@@ -139,6 +141,5 @@ if __name__ == "__main__":
     EXTRACTOR, MAKER = options.extractor, options.maker
     missing = [program for program in PROGRAMS if shutil.which(program) is None]
     if missing:
-        print("not run, missing:", *missing)
-        sys.exit(77)
+        not_run("missing: " + ", ".join(missing))
     unittest.main(argv=[sys.argv[0]] + rest)

@@ -9,13 +9,12 @@ import os
 import re
 import shutil
 import subprocess
-import sys
 
 import job_case
 import jobs
 import real_fonts
+from not_run import not_run
 
-SKIPPED = 77
 RENDER_SECONDS = 60
 FONTS = ("lmr10.pfb", "lmtt10.pfb", "qtmri.pfb", "qhvb.pfb")
 POSTSCRIPT_PJL = (f"flags={jobs.PJL}", f"language={jobs.POSTSCRIPT}", "jobName=Fonts")
@@ -92,6 +91,5 @@ class FontPostScriptTest(job_case.JobCase):
 
 if __name__ == "__main__":
     if shutil.which("gs") is None:
-        print("not run: there is no PostScript interpreter here (package ghostscript)")
-        sys.exit(1 if os.environ.get("CI") else SKIPPED)
+        not_run("there is no PostScript interpreter here (package ghostscript)")
     job_case.main()

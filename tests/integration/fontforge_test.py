@@ -9,6 +9,7 @@ import afm
 import font_case
 import pfm
 import type1_fonts
+from not_run import not_run
 
 FONTFORGE = shutil.which("fontforge")
 FONTS, MISSING = type1_fonts.find()
@@ -122,7 +123,7 @@ class FontForgeTest(font_case.FontCase):
 
 if __name__ == "__main__":
     if FONTFORGE is None:
-        font_case.not_run("FontForge (package fontforge-nox) is not installed")
+        not_run("FontForge (package fontforge-nox) is not installed")
     if MISSING:
-        font_case.not_run("packages " + ", ".join(MISSING) + " are not installed")
+        not_run("packages " + ", ".join(MISSING) + " are not installed")
     font_case.main()

@@ -1,16 +1,18 @@
 """Macros and demos made of real files: PCL and PostScript from Ghostscript, and what an interpreter of
 PostScript makes of stored files.
 
-Usage: macro_test.py --program ZEAPI --gs GS
+Usage: macro_test.py --program ZEAPI
 """
 import argparse
 import os
+import shutil
 import subprocess
 import sys
 import tempfile
 import unittest
 
 import macro_filter
+from not_run import not_run
 
 OPTIONS = None
 
@@ -77,7 +79,7 @@ class MacroTest(unittest.TestCase):
 
     def gs(self, *arguments):
         return self.run_in_folder(
-            OPTIONS.gs, "-q", "-dNOPAUSE", "-dBATCH", "-dNOSAFER", *arguments)
+            "gs", "-q", "-dNOPAUSE", "-dBATCH", "-dNOSAFER", *arguments)
 
     def job(self, device):
         self.gs(f"-sDEVICE={device}", "-r150", "-sOutputFile=job", "pages.ps")
@@ -199,6 +201,7 @@ class Demos(MacroTest):
 if __name__ == "__main__":
     parser = argparse.ArgumentParser()
     parser.add_argument("--program", required=True)
-    parser.add_argument("--gs", required=True)
     OPTIONS, rest = parser.parse_known_args()
+    if shutil.which("gs") is None:
+        not_run("Ghostscript (package ghostscript) is not installed")
     unittest.main(argv=[sys.argv[0], *rest])

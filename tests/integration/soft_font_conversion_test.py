@@ -7,6 +7,7 @@ import os
 import font_case
 import pfm
 import soft_fonts
+from not_run import not_run
 
 TRUETYPE = "/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf"
 
@@ -91,5 +92,5 @@ class SoftFontConversionTest(font_case.FontCase):
 
 if __name__ == "__main__":
     if not os.path.exists(TRUETYPE):
-        font_case.not_run("DejaVu Sans (package fonts-dejavu-core) is not installed")
+        not_run("DejaVu Sans (package fonts-dejavu-core) is not installed")
     font_case.main()

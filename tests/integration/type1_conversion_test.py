@@ -9,6 +9,7 @@ import afm
 import font_case
 import pfm
 import type1_fonts
+from not_run import not_run
 
 # What the way back calls characters that it has other names for.
 BACK = {"bullet": "bullet1", "circumflex": "asciicircum", "tilde": "asciitilde", "florin": "W83"}
@@ -175,5 +176,5 @@ class Type1ConversionTest(font_case.FontCase):
 
 if __name__ == "__main__":
     if MISSING:
-        font_case.not_run("packages " + ", ".join(MISSING) + " are not installed")
+        not_run("packages " + ", ".join(MISSING) + " are not installed")
     font_case.main()
