@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "archive/archive_test.h"
+#include "archive/archive_case.h"
 #include "archive/random_data.h"
 
 namespace zeapi::testing {

@@ -6,7 +6,7 @@
 #include <cstdio>
 
 #include "archive/archive_pass.h"
-#include "archive/archive_test.h"
+#include "archive/archive_case.h"
 #include "archive/bit_writer.h"
 #include "archive/implode_encoder.h"
 #include "archive/reduce_encoder.h"

@@ -4,7 +4,7 @@
 
 #include <map>
 
-#include "archive/archive_test.h"
+#include "archive/archive_case.h"
 #include "archive/bit_writer.h"
 #include "archive/implode_encoder.h"
 
