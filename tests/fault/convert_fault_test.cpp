@@ -2,6 +2,7 @@
 #include "fault/fault_case.h"
 #include "support/metrics.h"
 #include "support/soft_fonts.h"
+#include "support/tfm_file.h"
 
 namespace zeapi::testing {
 namespace {

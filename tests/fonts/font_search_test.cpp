@@ -1,6 +1,7 @@
 #include <cstring>
 #include <map>
 
+#include "support/byte_order.h"
 #include "support/fonts.h"
 
 namespace zeapi::testing {

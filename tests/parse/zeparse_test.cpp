@@ -2,6 +2,7 @@
 #include "parse/zeparse.h"
 
 #include "parse/alert_record.h"
+#include "support/byte_order.h"
 #include "support/bytes.h"
 #include "support/scratch.h"
 
