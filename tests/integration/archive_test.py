@@ -9,6 +9,7 @@ import sys
 import tempfile
 import unittest
 
+from folder_case import FolderCase
 from not_run import not_run
 
 PROGRAMS = ("zip", "unzip", "7z")
@@ -32,7 +33,7 @@ def contents(folder):
     return found
 
 
-class ArchiveTest(unittest.TestCase):
+class ArchiveTest(FolderCase):
     @classmethod
     def setUpClass(cls):
         packed = tempfile.TemporaryDirectory()
@@ -45,11 +46,9 @@ class ArchiveTest(unittest.TestCase):
         return contents(os.path.join(self.packed, "plain"))
 
     def setUp(self):
-        temporary = tempfile.TemporaryDirectory()
-        self.addCleanup(temporary.cleanup)
-        self.folder = temporary.name
-        self.plain = os.path.join(self.folder, "plain")
-        self.out = os.path.join(self.folder, "out")
+        super().setUp()
+        self.plain = self.path("plain")
+        self.out = self.path("out")
         os.mkdir(self.out)
 
     def write_plain(self):
@@ -67,10 +66,7 @@ class ArchiveTest(unittest.TestCase):
         for i in range(150):
             files[f"many/{i}"] = b" ".join(chance.choices(words, k=i))
         for name, content in files.items():
-            path = os.path.join(self.plain, name)
-            os.makedirs(os.path.dirname(path), exist_ok=True)
-            with open(path, "wb") as file:
-                file.write(content)
+            self.write(os.path.join("plain", name), content)
         return files
 
     def explode(self, archive):

@@ -14,14 +14,14 @@ TRUETYPE = "/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf"
 
 class SoftFontConversionTest(font_case.FontCase):
     def convert(self, data, number, *, pcl=None):
-        self.store("font.in", data)
+        (self.folder / "font.in").write_bytes(data)
         if pcl is None:
             call = ("convert", "font.in", "out.pfm", number)
         else:
-            self.store("font.sfp", pcl)
+            (self.folder / "font.sfp").write_bytes(pcl)
             call = ("tfm", "font.in", "out.pfm", number, "font.sfp")
         self.assertEqual(self.call([call]), [["0"]])
-        return pfm.Pfm(self.content("out.pfm"))
+        return pfm.Pfm((self.folder / "out.pfm").read_bytes())
 
     def test_truetype_soft_font(self):
         font = soft_fonts.TrueType(TRUETYPE)
