@@ -13,6 +13,7 @@ import interface
 import zeapi
 from folder_case import LibraryCase
 from inputs import SOFT_FONT, data_line, metrics, narrow
+from not_run import not_run_test
 from printer_record import container, integer, option_item, printer_record, text
 
 EXIT = b"\x1b%-12345X"
@@ -215,7 +216,7 @@ class Calls(LibraryCase):
             self.library.convert_font("a.pfm", zeapi.ZE_CONVERT_DLF_TO_PBM)
         fonts = "/usr/share/fonts/type1/urw-base35"
         if not os.path.isdir(fonts):
-            self.skipTest("no fonts-urw-base35")
+            not_run_test(self, "the package fonts-urw-base35 is not installed")
         self.write("c059.afm", self.read(fonts + "/C059-Roman.afm"))
         self.write("c059.inf", b"FontName (C059-Roman)\nMSMenuName (C059)\nVPStyle (N)\n")
         self.library.convert_font("c059.afm", zeapi.ZE_CONVERT_AFM_TO_PFM)
