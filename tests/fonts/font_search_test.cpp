@@ -1,5 +1,6 @@
 #include <cstring>
 #include <map>
+#include <ostream>
 
 #include "support/byte_order.h"
 #include "support/fonts.h"
