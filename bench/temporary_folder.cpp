@@ -1,5 +1,6 @@
 #include "temporary_folder.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdlib>
 #include <filesystem>

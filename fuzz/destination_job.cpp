@@ -3,8 +3,8 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "support/moody_spooler.h"
 #include "support/private_drives.h"
-#include "support/spooler_double.h"
 
 namespace zeapi::fuzz {
 namespace {
@@ -59,7 +59,7 @@ Job ReadJob(Input input) {
   Numbers numbers(input.Line());
   job.call = static_cast<Call>(numbers.Below(kCalls));
   job.bits = numbers.Below(32);
-  spooler = SpoolerDouble{};
+  spooler = MoodySpooler{};
   spooler.mood =
       static_cast<SpoolerMood>(numbers.Below(static_cast<unsigned>(SpoolerMood::kMoods)));
   spooler.writes = numbers.Below(20);

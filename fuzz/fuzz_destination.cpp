@@ -13,7 +13,7 @@
 #include "destination_job.h"
 #include "job_reference.h"
 #include "output/pjl.h"
-#include "support/spooler_double.h"
+#include "support/moody_spooler.h"
 #include "support/target.h"
 #include "zeapi.h"
 

@@ -99,7 +99,7 @@ def page(program):
     sections = list(commands(program, [], root, shared))
     yield f'.TH ZEAPI 1 "" "{ask(program, "--version").strip()}" "User Commands"'
     yield ".SH NAME"
-    yield "zeapi \\- sends jobs to laser printers and shows what was sent"
+    yield "zeapi \\- prepares and sends what laser printers get, and reads what they report"
     yield ".SH SYNOPSIS"
     yield escaped(root.usage)
     yield ".SH DESCRIPTION"

@@ -8,11 +8,10 @@ set(msvcImport ${CMAKE_BINARY_DIR}/lib/ZEAPI1TD.lib)
 function(add_mingw_caller name importLibrary)
   add_executable(${name} import_caller.c)
   target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/include)
-  target_link_libraries(${name} PRIVATE ${importLibrary})
-  target_compile_options(${name} PRIVATE -Wall -Wextra -Wpedantic -Werror)
+  target_link_libraries(${name} PRIVATE ${importLibrary} zeapi_plain_warnings)
   target_link_options(${name} PRIVATE -static)
   set_target_properties(${name} PROPERTIES LINK_DEPENDS ${importLibrary})
-  add_dependencies(${name} zeapi_import_libraries zeapi_shared)
+  add_dependencies(${name} zeapi_shared)
   add_test(NAME ${name} COMMAND ${name})
 endfunction()
 
@@ -44,15 +43,15 @@ set(object ${CMAKE_CURRENT_BINARY_DIR}/import_caller_msvc.obj)
 set(program $<TARGET_FILE_DIR:zeapi_shared>/abi_caller_msvc.exe)
 set(stamp ${CMAKE_CURRENT_BINARY_DIR}/abi_caller_msvc.stamp)
 add_custom_command(OUTPUT ${stamp}
-  COMMAND ${ZEAPI_CLANG} --target=${target} -std=c11 -ffreestanding -O1 -Wall -Wextra -Wpedantic
-          -Werror -I ${PROJECT_SOURCE_DIR}/include
+  COMMAND ${ZEAPI_CLANG} --target=${target} -std=c11 -ffreestanding -O1
+          $<TARGET_PROPERTY:zeapi_plain_warnings,INTERFACE_COMPILE_OPTIONS> -I ${PROJECT_SOURCE_DIR}/include
           -c ${CMAKE_CURRENT_SOURCE_DIR}/import_caller.c -o ${object}
   COMMAND ${ZEAPI_LLD_LINK} -nologo -nodefaultlib -entry:main -subsystem:console -safeseh:no
           -out:${program} ${object} ${msvcImport}
   COMMAND ${CMAKE_COMMAND} -E touch ${stamp}
   DEPENDS import_caller.c ${PROJECT_SOURCE_DIR}/include/zeapi.h ${msvcImport}
-          zeapi_import_libraries zeapi_shared
-  VERBATIM)
+          zeapi_shared
+  VERBATIM COMMAND_EXPAND_LISTS)
 add_custom_target(abi_caller_msvc ALL DEPENDS ${stamp})
 add_test(NAME abi_caller_msvc COMMAND ${CMAKE_CROSSCOMPILING_EMULATOR} ${program})
 list(APPEND wineTests abi_caller_msvc)

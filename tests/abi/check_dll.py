@@ -1,28 +1,23 @@
 #!/usr/bin/python3
 """Checks the built DLL file itself against the module definition file.
 
-check_dll.py DLL DEF: prints each fault on a line of its own; the exit status says whether there was one.
+check_dll.py DLL DEF VERSION: prints each fault on a line of its own; the exit status says whether there was
+one.
 """
 
-import re
 import sys
 
+from definition_file import exports
 from pe_file import PeFile
 
 SYSTEM_DLLS = {"advapi32.dll", "kernel32.dll", "msvcrt.dll", "user32.dll", "winspool.drv"}
 DYNAMIC_BASE = 0x0040
 NX_COMPAT = 0x0100
-VERSION = (9, 30, 0, 0)
 VFT_DLL = 2
 
 
-def names_of(definitions):
-    """The plain names of "Name@bytes" entries."""
-    return re.findall(r"^\s+(\w+)@\d+\s*$", definitions, re.MULTILINE)
-
-
-def faults(dll, definitions):
-    expected = set(names_of(definitions))
+def faults(dll, definitions, wanted_version):
+    expected = set(exports(definitions))
     exported = dll.export_names()
     if not expected:
         yield "the definition file names no exports"
@@ -45,17 +40,18 @@ def faults(dll, definitions):
     if version is None:
         yield "no version resource"
         return
-    if version.file != VERSION or version.product != VERSION:
+    if version.file != wanted_version or version.product != wanted_version:
         yield f"version is {version.file}, product {version.product}"
     if version.file_type != VFT_DLL:
         yield f"file type of the version resource is {version.file_type}"
 
 
 def main(arguments):
-    dll_name, definitions_name = arguments
+    dll_name, definitions_name, version_text = arguments
+    major, minor = map(int, version_text.split("."))
     with open(definitions_name, encoding="ascii") as file:
         definitions = file.read()
-    found = list(faults(PeFile.load(dll_name), definitions))
+    found = list(faults(PeFile.load(dll_name), definitions, (major, minor, 0, 0)))
     for fault in found:
         print(fault)
     return 1 if found else 0

@@ -1,7 +1,7 @@
 #!/usr/bin/python3
 """The check of the DLL must refuse a DLL that is not as it should be.
 
-check_dll_test.py DLL DEF: damages copies of the real ones, one thing at a time.
+check_dll_test.py DLL DEF VERSION: damages copies of the real ones, one thing at a time.
 """
 
 import os
@@ -12,7 +12,8 @@ import tempfile
 import unittest
 
 CHECK = os.path.join(os.path.dirname(os.path.abspath(__file__)), "check_dll.py")
-DLL, DEFINITIONS = sys.argv[1:3]
+DLL, DEFINITIONS, VERSION = sys.argv[1:]
+MAJOR, MINOR = map(int, VERSION.split("."))
 
 
 def read(name):
@@ -36,7 +37,7 @@ class CheckDllTest(unittest.TestCase):
                 names.append(os.path.join(folder, name))
                 with open(names[-1], "wb") as file:
                     file.write(data)
-            done = subprocess.run([sys.executable, "-B", CHECK, *names], capture_output=True,
+            done = subprocess.run([sys.executable, "-B", CHECK, *names, VERSION], capture_output=True,
                                   text=True, check=False)
         return done.returncode, done.stdout.splitlines()
 
@@ -80,9 +81,11 @@ class CheckDllTest(unittest.TestCase):
         self.assert_fault("NX_COMPAT is not set", dll=self.with_characteristic_cleared(0x100))
 
     def test_refuses_another_version(self):
-        numbers = struct.pack("<4I", 0x0009001E, 0, 0x0009001E, 0)
-        other = struct.pack("<4I", 0x0009001F, 0, 0x0009001F, 0)
-        self.assert_fault("version is (9, 31, 0, 0), product (9, 31, 0, 0)",
+        there = MAJOR << 16 | MINOR
+        numbers = struct.pack("<4I", there, 0, there, 0)
+        other = struct.pack("<4I", there + 1, 0, there + 1, 0)
+        version = (MAJOR, MINOR + 1, 0, 0)
+        self.assert_fault(f"version is {version}, product {version}",
                           dll=replaced(read(DLL), numbers, other))
 
 

@@ -2,8 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include "archive/archive_test.h"
+#include "archive/archive_case.h"
 #include "archive/random_data.h"
+#include "support/byte_order.h"
 
 namespace zeapi::testing {
 namespace {
@@ -260,7 +261,7 @@ TEST_F(ArchiveStructure, MostEntriesThatThereCanBe) {
   const std::size_t size = archive.size() - start;
   std::string record = bytes.substr(end);
   record.replace(8, 4, "\xFF\xFF\xFF\xFF");
-  for (std::size_t i = 0; i < 4; ++i) record[12 + i] = static_cast<char>(size >> 8 * i);
+  record.replace(12, 4, Le32(static_cast<std::uint32_t>(size)));
   archive += record;
   EXPECT_EQ(ExplodeBytes(archive, "no*"), ZE_FILE_NOT_FOUND);
   EXPECT_EQ(Tree(), Names{});

@@ -5,8 +5,8 @@
 #include <chrono>
 #include <cstdio>
 
+#include "archive/archive_case.h"
 #include "archive/archive_pass.h"
-#include "archive/archive_test.h"
 #include "archive/bit_writer.h"
 #include "archive/implode_encoder.h"
 #include "archive/reduce_encoder.h"

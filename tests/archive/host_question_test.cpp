@@ -4,7 +4,7 @@
 
 #include <cstdio>
 
-#include "archive/archive_test.h"
+#include "archive/archive_case.h"
 #include "archive/confirmation.h"
 #ifdef _WIN32
 #include <fcntl.h>

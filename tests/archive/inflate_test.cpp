@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <vector>
+
 #include "archive/bit_writer.h"
 #include "archive/memory_io.h"
 #include "support/bytes.h"

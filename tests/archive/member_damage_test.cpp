@@ -4,9 +4,10 @@
 
 #include <map>
 
-#include "archive/archive_test.h"
+#include "archive/archive_case.h"
 #include "archive/bit_writer.h"
 #include "archive/implode_encoder.h"
+#include "support/byte_order.h"
 
 namespace zeapi::testing {
 namespace {
@@ -98,7 +99,7 @@ std::string EndingWithItsMember(const ZipMember& member) {
   // The record's offset and the member's, both counted from the start of the archive as it was.
   const std::size_t record = directory.find("PK\5\6");
   const auto put = [&](std::size_t at, std::size_t value) {
-    for (std::size_t i = 0; i < 4; ++i) directory[at + i] = static_cast<char>(value >> 8 * i);
+    directory.replace(at, 4, Le32(static_cast<std::uint32_t>(value)));
   };
   put(42, directory.size());
   put(record + 16, 0);

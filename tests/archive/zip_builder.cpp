@@ -3,20 +3,16 @@
 #include <initializer_list>
 #include <string_view>
 
+#include "support/byte_order.h"
+
 namespace zeapi::testing {
 namespace {
 
-std::string U16(std::uint32_t value) {
-  return {static_cast<char>(value), static_cast<char>(value >> 8)};
-}
-
-std::string U32(std::uint32_t value) { return U16(value & 0xFFFF) + U16(value >> 16); }
-
 std::string Sizes(const ZipMember& member) {
   const std::string& packed = member.packed ? *member.packed : member.plain;
-  return U32(member.crc.value_or(CrcOf(member.plain))) +
-         U32(member.compressedSize.value_or(static_cast<std::uint32_t>(packed.size()))) +
-         U32(member.uncompressedSize.value_or(static_cast<std::uint32_t>(member.plain.size())));
+  return Le32(member.crc.value_or(CrcOf(member.plain))) +
+         Le32(member.compressedSize.value_or(static_cast<std::uint32_t>(packed.size()))) +
+         Le32(member.uncompressedSize.value_or(static_cast<std::uint32_t>(member.plain.size())));
 }
 
 std::string Local(const ZipMember& member) {
@@ -25,11 +21,11 @@ std::string Local(const ZipMember& member) {
   std::string bytes = member.breakLocalSignature ? "PK\3\5" : "PK\3\4";
   bytes += static_cast<char>(member.neededVersion);
   bytes += static_cast<char>(member.neededHost);
-  bytes += U16(member.flags) + U16(member.localMethod.value_or(member.method)) + U16(member.time) +
-           U16(member.date);
+  bytes += Le16(member.flags) + Le16(member.localMethod.value_or(member.method)) +
+           Le16(member.time) + Le16(member.date);
   bytes += descriptor ? std::string(12, '\0') : Sizes(member);
-  bytes += U16(static_cast<std::uint32_t>(name.size())) +
-           U16(static_cast<std::uint32_t>(member.localExtra.size()));
+  bytes += Le16(static_cast<std::uint32_t>(name.size())) +
+           Le16(static_cast<std::uint32_t>(member.localExtra.size()));
   bytes += name + member.localExtra + (member.packed ? *member.packed : member.plain);
   if (descriptor) bytes += "PK\7\10" + Sizes(member);
   return bytes;
@@ -37,14 +33,14 @@ std::string Local(const ZipMember& member) {
 
 std::string Central(const ZipMember& member, std::uint32_t offset) {
   std::string sizes = Sizes(member);
-  if (member.centralCompressedSize) sizes.replace(4, 4, U32(*member.centralCompressedSize));
-  std::string bytes = "PK\1\2" + U16(20);
+  if (member.centralCompressedSize) sizes.replace(4, 4, Le32(*member.centralCompressedSize));
+  std::string bytes = "PK\1\2" + Le16(20);
   bytes += static_cast<char>(member.neededVersion);
   bytes += static_cast<char>(member.neededHost);
-  bytes += U16(member.flags) + U16(member.method) + U16(member.time) + U16(member.date) + sizes;
+  bytes += Le16(member.flags) + Le16(member.method) + Le16(member.time) + Le16(member.date) + sizes;
   for (const std::string* text : {&member.name, &member.centralExtra, &member.comment})
-    bytes += U16(static_cast<std::uint32_t>(text->size()));
-  bytes += U16(0) + U16(0) + U32(0) + U32(member.localOffset.value_or(offset));
+    bytes += Le16(static_cast<std::uint32_t>(text->size()));
+  bytes += Le16(0) + Le16(0) + Le32(0) + Le32(member.localOffset.value_or(offset));
   return bytes + member.name + member.centralExtra + member.comment;
 }
 
@@ -71,10 +67,10 @@ std::string ZipArchive::Bytes() const {
     data += Local(member);
   }
   const auto count = entries.value_or(static_cast<std::uint16_t>(members.size()));
-  std::string end = "PK\5\6" + U16(disk) + U16(directoryDisk) + U16(count) + U16(count);
-  end += U32(directorySize.value_or(static_cast<std::uint32_t>(directory.size())));
-  end += U32(directoryOffset.value_or(stated(data.size())));
-  end += U16(static_cast<std::uint32_t>(comment.size())) + comment;
+  std::string end = "PK\5\6" + Le16(disk) + Le16(directoryDisk) + Le16(count) + Le16(count);
+  end += Le32(directorySize.value_or(static_cast<std::uint32_t>(directory.size())));
+  end += Le32(directoryOffset.value_or(stated(data.size())));
+  end += Le16(static_cast<std::uint32_t>(comment.size())) + comment;
   return stub + data + directory + gap + end + tail;
 }
 

@@ -1,23 +1,20 @@
-"""Zeapi.cs compiled, with the library of this build behind it. Ends with 77 where Mono is missing.
+"""Zeapi.cs compiled, with the library of this build behind it.
 
 Usage: csharp_run_test.py LIBRARY FACTS    (FACTS: the program of facts.c)
 """
 
-import os
 import re
 import shutil
 import subprocess
 import sys
-import tempfile
 import unittest
 import zipfile
 
 import inputs
 import interface
-
-sys.path.append(str(interface.ROOT / "tests/support"))
-
-from printer_record import option_item, option_record  # noqa: E402
+from folder_case import LibraryCase
+from not_run import not_run
+from printer_record import option_item, option_record
 
 BINDING = interface.ROOT / "bindings/csharp/Zeapi.cs"
 HOST = interface.ROOT / "tests/bindings/csharp_host.cs"
@@ -32,29 +29,12 @@ def output(*command, **options):
     return done.stdout
 
 
-class CSharpRun(unittest.TestCase):
+class CSharpRun(LibraryCase):
     library = facts = None
-
-    def setUp(self):
-        folder = tempfile.TemporaryDirectory()
-        self.addCleanup(folder.cleanup)
-        self.folder = folder.name
-        os.mkdir(os.path.join(self.folder, "c"))
-        self.environment = dict(os.environ)
-        self.environment["CUPS_SERVER"] = os.path.join(self.folder, "no-server")
-        self.environment["ZEAPI_DRIVES"] = self.folder
-
-    def write(self, name, data):
-        with open(os.path.join(self.folder, name), "wb") as file:
-            file.write(data)
-
-    def read(self, name):
-        with open(os.path.join(self.folder, name), "rb") as file:
-            return file.read()
 
     def run_program(self, source):
         """What a program says that is made of a source and the binding."""
-        program = os.path.join(self.folder, "program.exe")
+        program = self.path("program.exe")
         output("mcs", "-warnaserror", "-warn:4", "-out:" + program, str(source), str(BINDING))
         self.write("program.exe.config", (MAP % self.library).encode())
         return output("mono", program, cwd=self.folder, env=self.environment)
@@ -64,7 +44,7 @@ class CSharpRun(unittest.TestCase):
         self.write("a.dat", inputs.data_line(b"SA1"))
         self.write("lines", b"one\ntwo\n")
         self.write("record", option_record(option_item(-2, 15, b"tray")))
-        with zipfile.ZipFile(os.path.join(self.folder, "a.zip"), "w") as archive:
+        with zipfile.ZipFile(self.path("a.zip"), "w") as archive:
             archive.writestr("member.txt", b"text")
 
         structures, calls = self.run_program(HOST).split("calls:\n")
@@ -102,15 +82,14 @@ class CSharpRun(unittest.TestCase):
         readme = (interface.ROOT / "README.md").read_text(encoding="utf-8")
         self.write("first.cs", re.search(r"```csharp\n(.*?)```", readme, re.S)[1].encode())
         self.write("page.pcl", b"page")
-        said = self.run_program(os.path.join(self.folder, "first.cs"))
+        said = self.run_program(self.path("first.cs"))
         self.assertEqual(said, "ZE_OK\n")
         self.assertIn(b"@PJL SET COPIES = 2\npage", self.read("Laser"))
 
 
 def main():
     if not shutil.which("mcs") or not shutil.which("mono"):
-        print("No Mono on this host")
-        sys.exit(77)
+        not_run("Mono (package mono-mcs) is not installed")
     CSharpRun.library, CSharpRun.facts = sys.argv[1:]
     unittest.main(argv=sys.argv[:1])
 

@@ -3,6 +3,8 @@
 import pathlib
 import re
 
+import definition_file
+
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 HEADER = (ROOT / "include/zeapi.h").read_text(encoding="utf-8")
 DEFINITIONS = (ROOT / "src/api/ZEAPI1TD.def").read_text(encoding="utf-8")
@@ -12,8 +14,7 @@ _CODE = re.sub(r"/\*.*?\*/", " ", HEADER, flags=re.S)
 
 def exports():
     """{name: bytes on the stack} of the module definition file."""
-    lines = re.findall(r"^ +(\w+)@(\d+)$", DEFINITIONS, re.M)
-    return {name: int(size) for name, size in lines}
+    return definition_file.exports(DEFINITIONS)
 
 
 def enumerations():

@@ -7,32 +7,28 @@ import os
 import re
 import subprocess
 import sys
-import tempfile
-import unittest
 import zipfile
 
 import interface
 import zeapi
+from folder_case import LibraryCase
 from inputs import SOFT_FONT, data_line, metrics, narrow
+from not_run import not_run_test
 from printer_record import container, integer, option_item, printer_record, text
 
 EXIT = b"\x1b%-12345X"
 CLEAR = b'@PJL RDYMSG DISPLAY = ""\n'
 
 
-class Calls(unittest.TestCase):
+class Calls(LibraryCase):
     library_path = None
 
     def setUp(self):
-        folder = tempfile.TemporaryDirectory()
-        self.addCleanup(folder.cleanup)
+        super().setUp()
         self.addCleanup(os.chdir, os.getcwd())
-        os.chdir(folder.name)
-        os.mkdir("c")
-        # No print server of this host takes part, and drive C is the test's own.
-        self.set("CUPS_SERVER", os.path.join(folder.name, "no-server"))
-        self.set("ZEAPI_DRIVES", folder.name)
-        self.folder = folder.name
+        os.chdir(self.folder)
+        for name, value in self.drives.items():
+            self.set(name, value)
         self.library = zeapi.load(self.library_path)
 
     def set(self, name, value):
@@ -42,15 +38,6 @@ class Calls(unittest.TestCase):
             self.addCleanup(os.environ.pop, name)
         else:
             self.addCleanup(os.environ.__setitem__, name, before)
-
-    def write(self, name, data):
-        os.makedirs(os.path.dirname(name) or ".", exist_ok=True)
-        with open(name, "wb") as file:
-            file.write(data)
-
-    def read(self, name):
-        with open(name, "rb") as file:
-            return file.read()
 
     @contextlib.contextmanager
     def fails(self, call, code):
@@ -229,7 +216,7 @@ class Calls(unittest.TestCase):
             self.library.convert_font("a.pfm", zeapi.ZE_CONVERT_DLF_TO_PBM)
         fonts = "/usr/share/fonts/type1/urw-base35"
         if not os.path.isdir(fonts):
-            self.skipTest("no fonts-urw-base35")
+            not_run_test(self, "the package fonts-urw-base35 is not installed")
         self.write("c059.afm", self.read(fonts + "/C059-Roman.afm"))
         self.write("c059.inf", b"FontName (C059-Roman)\nMSMenuName (C059)\nVPStyle (N)\n")
         self.library.convert_font("c059.afm", zeapi.ZE_CONVERT_AFM_TO_PFM)

@@ -9,7 +9,7 @@ import sys
 import unittest
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
-sys.path[:0] = [str(ROOT / "bindings/python"), str(ROOT / "tests/support")]
+sys.path.insert(0, str(ROOT / "bindings/python"))
 
 from python_calls import Calls  # noqa: E402
 from python_declarations import Declarations  # noqa: E402

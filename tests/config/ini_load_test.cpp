@@ -1,3 +1,5 @@
+#include <cstdint>
+
 #include "support/bytes.h"
 #include "support/ini.h"
 

@@ -1,4 +1,6 @@
 // Files as real programs write them: changed in one key, nothing else in them may change.
+#include <algorithm>
+#include <cstdio>
 #include <sstream>
 
 #include "support/bytes.h"

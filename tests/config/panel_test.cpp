@@ -1,3 +1,4 @@
+#include <cstdio>
 #include <cstring>
 
 #include "config/ini_file.h"

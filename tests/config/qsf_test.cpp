@@ -1,4 +1,6 @@
+#include <cstdio>
 #include <cstring>
+#include <memory>
 
 #include "support/bytes.h"
 #include "support/foreign_locale.h"

@@ -1,6 +1,7 @@
 // What the tests of font downloads share: a font file of each format, and the download itself.
 #pragma once
 
+#include "support/byte_order.h"
 #include "support/fonts.h"
 #include "support/job.h"
 

@@ -1,5 +1,6 @@
 // Every format in every language, for every target and every printer.
 #include "download/font_job.h"
+#include "support/byte_order.h"
 
 namespace zeapi::testing {
 namespace {

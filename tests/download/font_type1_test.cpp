@@ -1,6 +1,7 @@
 // Type 1 fonts on their way to PostScript and PPDS printers.
 #include "download/font_job.h"
 #include "download/font_senders.h"
+#include "support/byte_order.h"
 
 namespace zeapi::testing {
 namespace {

@@ -6,7 +6,7 @@
 #include <map>
 #include <set>
 
-#include "archive/archive_test.h"
+#include "archive/archive_case.h"
 #include "archive/implode_encoder.h"
 #include "archive/reduce_encoder.h"
 #include "archive/shrink_encoder.h"

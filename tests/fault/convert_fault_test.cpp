@@ -1,7 +1,10 @@
 // Conversions of font metrics under each failure. Metrics that report success are whole.
+#include <algorithm>
+
 #include "fault/fault_case.h"
 #include "support/metrics.h"
 #include "support/soft_fonts.h"
+#include "support/tfm_file.h"
 
 namespace zeapi::testing {
 namespace {

@@ -1,4 +1,5 @@
-// What the tests share of calls whose result is one code.
+// Calls whose result is one code, under every failure. Whatever fails: the result is one of the call's
+// codes, a job that reports success is whole, nothing stays open, and the next call works.
 #pragma once
 
 #include <filesystem>

@@ -1,5 +1,6 @@
 // Font downloads under every failure of the system and of memory.
 #include "fault/fault_case.h"
+#include "support/byte_order.h"
 #include "support/fonts.h"
 
 namespace zeapi::testing {

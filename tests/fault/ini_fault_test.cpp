@@ -1,5 +1,6 @@
 // INI files under every failure: a handle or none, done or not, and an image that stays whole.
 #include <algorithm>
+#include <cstdint>
 #include <cstring>
 
 #include "fault/each_failure.h"

@@ -1,29 +1,21 @@
 // Macros and demos under every failure of the system and of memory, one at a time.
 #include <cstring>
 
-#include "fault/fault_case.h"
+#include "fault/macro_and_demo_case.h"
 #include "support/pclxl.h"
 
 namespace zeapi::testing {
 namespace {
 
-class MacroFaultTest : public FaultTest {
+class MacroFaultTest : public MacroAndDemoTest {
  protected:
   void SetUp() override {
-    FaultTest::SetUp();
-    destination.flags = ZE_FLAG_PJL;
-    destination.language = ZE_LANGUAGE_PCL;
-    destination.resourceId = 12;
-    macro.macroDevice = ZE_DEVICE_DISK1;
+    MacroAndDemoTest::SetUp();
     macro.macroFlags = ZE_MACRO_FIX_UP;
-    demo.device = ZE_DEVICE_DISK1;
-    // Longer than the blocks, so that reads and writes in the middle fail too.
-    text = std::string(3000, 't');
   }
 
-  ZeMacroInfo macro = {};
-  ZeDemoInfo demo = {};
-  std::string text;
+  // Longer than the blocks, so that reads and writes in the middle fail too.
+  const std::string text = std::string(3000, 't');
 };
 
 TEST_F(MacroFaultTest, CreateFixedUp) {

@@ -1,6 +1,6 @@
 // Demos and macros whose file cannot be read on in its middle: the job to the byte. What was read
 // before has been sent, and the job is ended as if the file ended there; the result tells.
-#include "fault/fault_case.h"
+#include "fault/macro_and_demo_case.h"
 
 namespace zeapi::testing {
 namespace {
@@ -10,15 +10,10 @@ constexpr char kEnd[] = "\x1B%-12345X@PJL RDYMSG DISPLAY = \"\"\n\x1B%-12345X";
 constexpr char kTargetDisk[] = "\x1B%-12345X@PJL SET LDOWNLOADTARGET = disk1\n";
 constexpr char kTargetRam[] = "\x1B%-12345X@PJL SET LDOWNLOADTARGET = ram\n";
 
-class ReadErrorTest : public FaultTest {
+class ReadErrorTest : public MacroAndDemoTest {
  protected:
   void SetUp() override {
-    FaultTest::SetUp();
-    destination.flags = ZE_FLAG_PJL;
-    destination.language = ZE_LANGUAGE_PCL;
-    destination.resourceId = 12;
-    demo.device = ZE_DEVICE_DISK1;
-    macro.macroDevice = ZE_DEVICE_DISK1;
+    MacroAndDemoTest::SetUp();
     for (int i = 0; i < 5000; ++i) text += static_cast<char>('a' + i % 26);
     WriteFile("file", text);
   }
@@ -50,8 +45,6 @@ class ReadErrorTest : public FaultTest {
         job);
   }
 
-  ZeDemoInfo demo = {};
-  ZeMacroInfo macro = {};
   std::string text;
 };
 

@@ -1,6 +1,7 @@
 #include "files/checksum.h"
 
 #include "platform/handle_files.h"
+#include "support/byte_order.h"
 #include "support/bytes.h"
 #include "support/scratch.h"
 
@@ -151,11 +152,9 @@ TEST_F(ChecksumTest, HandleThatCannotBeClosedGivesCloseFailed) {
 }
 
 TEST_F(ChecksumTest, AFileAndItsChecksumAddUpToZero) {
-  std::string bytes = Pattern(1000);
+  const std::string bytes = Pattern(1000);
   const std::uint16_t sum = Checksum(bytes);
-  bytes += static_cast<char>(sum & 0xFF);
-  bytes += static_cast<char>(sum >> 8);
-  EXPECT_EQ(Checksum(bytes), 0);
+  EXPECT_EQ(Checksum(bytes + Le16(sum)), 0);
 }
 
 }  // namespace

@@ -1,5 +1,8 @@
 #include "files/file_utilities.h"
 
+#include <chrono>
+#include <cstdio>
+
 #include "support/bytes.h"
 #include "support/scratch.h"
 

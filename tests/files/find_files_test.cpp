@@ -1,5 +1,6 @@
 #include "files/find_files.h"
 
+#include <cstdlib>
 #include <cstring>
 
 #include "support/scratch.h"

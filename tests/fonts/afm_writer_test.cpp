@@ -2,6 +2,7 @@
 #include "fonts/afm_writer.h"
 
 #include "fonts/windows_characters.h"
+#include "support/byte_order.h"
 #include "support/metrics.h"
 
 namespace zeapi::testing {

@@ -1,6 +1,8 @@
 #include <cstring>
 #include <map>
+#include <ostream>
 
+#include "support/byte_order.h"
 #include "support/fonts.h"
 
 namespace zeapi::testing {

@@ -5,6 +5,7 @@
 
 #include "support/metrics.h"
 #include "support/soft_fonts.h"
+#include "support/tfm_file.h"
 
 namespace zeapi::testing {
 namespace {

@@ -2,6 +2,7 @@
 #include "fonts/pcl_metrics.h"
 
 #include "fonts/pcl_translation.h"
+#include "support/byte_order.h"
 #include "support/metrics.h"
 #include "support/soft_fonts.h"
 

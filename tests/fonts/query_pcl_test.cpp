@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cstdlib>
 
+#include "support/byte_order.h"
 #include "support/fonts.h"
 
 namespace zeapi::testing {

@@ -1,5 +1,6 @@
 // Windows printer font metrics of one font and of a cartridge.
 #include "fonts/cartridge.h"
+#include "support/byte_order.h"
 #include "support/fonts.h"
 
 namespace zeapi::testing {

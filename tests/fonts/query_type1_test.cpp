@@ -1,4 +1,5 @@
 // Type 1 outlines: names, encodings, companions.
+#include "support/byte_order.h"
 #include "support/fonts.h"
 
 namespace zeapi::testing {

@@ -1,5 +1,5 @@
 """Archives between programs: ours reads what `zip` and `7z` make, and `unzip` and `7z` read what the
-encoders of the tests make. Ends with 77 where those programs are missing."""
+encoders of the tests make."""
 import argparse
 import os
 import random
@@ -8,6 +8,9 @@ import subprocess
 import sys
 import tempfile
 import unittest
+
+from folder_case import FolderCase
+from not_run import not_run
 
 PROGRAMS = ("zip", "unzip", "7z")
 
@@ -30,7 +33,7 @@ def contents(folder):
     return found
 
 
-class ArchiveTest(unittest.TestCase):
+class ArchiveTest(FolderCase):
     @classmethod
     def setUpClass(cls):
         packed = tempfile.TemporaryDirectory()
@@ -43,11 +46,9 @@ class ArchiveTest(unittest.TestCase):
         return contents(os.path.join(self.packed, "plain"))
 
     def setUp(self):
-        temporary = tempfile.TemporaryDirectory()
-        self.addCleanup(temporary.cleanup)
-        self.folder = temporary.name
-        self.plain = os.path.join(self.folder, "plain")
-        self.out = os.path.join(self.folder, "out")
+        super().setUp()
+        self.plain = self.path("plain")
+        self.out = self.path("out")
         os.mkdir(self.out)
 
     def write_plain(self):
@@ -65,10 +66,7 @@ class ArchiveTest(unittest.TestCase):
         for i in range(150):
             files[f"many/{i}"] = b" ".join(chance.choices(words, k=i))
         for name, content in files.items():
-            path = os.path.join(self.plain, name)
-            os.makedirs(os.path.dirname(path), exist_ok=True)
-            with open(path, "wb") as file:
-                file.write(content)
+            self.write(os.path.join("plain", name), content)
         return files
 
     def explode(self, archive):
@@ -139,6 +137,5 @@ if __name__ == "__main__":
     EXTRACTOR, MAKER = options.extractor, options.maker
     missing = [program for program in PROGRAMS if shutil.which(program) is None]
     if missing:
-        print("not run, missing:", *missing)
-        sys.exit(77)
+        not_run("missing: " + ", ".join(missing))
     unittest.main(argv=[sys.argv[0]] + rest)

@@ -9,13 +9,12 @@ import os
 import re
 import shutil
 import subprocess
-import sys
 
 import job_case
 import jobs
-import real_fonts
+import type1_fonts
+from not_run import not_run
 
-SKIPPED = 77
 RENDER_SECONDS = 60
 FONTS = ("lmr10.pfb", "lmtt10.pfb", "qtmri.pfb", "qhvb.pfb")
 POSTSCRIPT_PJL = (f"flags={jobs.PJL}", f"language={jobs.POSTSCRIPT}", "jobName=Fonts")
@@ -51,15 +50,15 @@ def rendered(*parts):
 class FontPostScriptTest(job_case.JobCase):
     def sent(self, name, data):
         """The PostScript that the library makes of a font file."""
-        self.store(name, data)
+        self.write(name, data)
         outcome = self.call("font", name, "out.prn", 1, *POSTSCRIPT_PJL)
         self.assertEqual(outcome.results, [0])
-        return postscript_of(self.content("out.prn"))
+        return postscript_of(self.read("out.prn"))
 
     def test_the_hexadecimal_form_is_still_the_font(self):
         for name in FONTS:
             with self.subTest(font=name):
-                data = real_fonts.read(self, name)
+                data = type1_fonts.read_outline(self, name)
                 bodies = [body for _, body in jobs.pfb_segments(data)]
                 face = re.search(rb"/FontName\s*/(\S+)", bodies[0])[1]
                 page = PAGE % face
@@ -72,7 +71,7 @@ class FontPostScriptTest(job_case.JobCase):
                 self.assertTrue(wanted == rendered(sent, page), "the page looks different")
 
     def test_a_text_font_is_still_the_font(self):
-        data = real_fonts.read(self, FONTS[0])
+        data = type1_fonts.read_outline(self, FONTS[0])
         (_, clear), (_, secret), (_, end) = jobs.pfb_segments(data)
         digits = secret.hex().encode()
         lines = b"\n".join(digits[at:at + 64] for at in range(0, len(digits), 64))
@@ -82,7 +81,7 @@ class FontPostScriptTest(job_case.JobCase):
                                                                        page))
 
     def test_one_wrong_digit_would_show(self):
-        data = real_fonts.read(self, FONTS[0])
+        data = type1_fonts.read_outline(self, FONTS[0])
         sent = self.sent(FONTS[0], data)
         page = PAGE % b"LMRoman10-Regular"
         start = sent.index(b"currentfile eexec") + 20000
@@ -92,6 +91,5 @@ class FontPostScriptTest(job_case.JobCase):
 
 if __name__ == "__main__":
     if shutil.which("gs") is None:
-        print("not run: there is no PostScript interpreter here (package ghostscript)")
-        sys.exit(1 if os.environ.get("CI") else SKIPPED)
+        not_run("there is no PostScript interpreter here (package ghostscript)")
     job_case.main()

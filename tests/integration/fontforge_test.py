@@ -9,6 +9,7 @@ import afm
 import font_case
 import pfm
 import type1_fonts
+from not_run import not_run
 
 FONTFORGE = shutil.which("fontforge")
 FONTS, MISSING = type1_fonts.find()
@@ -52,23 +53,24 @@ class FontForgeTest(font_case.FontCase):
         cls.metrics = [type1_fonts.read(font) for font in FONTS]
         calls, jobs = [], ""
         for number, font in enumerate(FONTS):
-            shutil.copyfile(font.afm_path, cls.path(f"{number}.AFM"))
-            cls.store(f"{number}.INF", type1_fonts.inf_for(cls.metrics[number]))
+            shutil.copyfile(font.afm_path, cls.folder / f"{number}.AFM")
+            (cls.folder / f"{number}.INF").write_bytes(type1_fonts.inf_for(cls.metrics[number]))
             calls.append(("convert", f"{number}.AFM", "", 1))
-            jobs += f"{font.outline_path}\t{font.afm_path}\t{cls.path(f'{number}-theirs.pfb')}\n"
+            jobs += f"{font.outline_path}\t{font.afm_path}\t{cls.folder / f'{number}-theirs.pfb'}\n"
         answers = cls.call(calls)
         if answers != [["0"]] * len(FONTS):
             raise AssertionError("a conversion failed")
-        cls.store("generate.py", SCRIPT.encode())
-        subprocess.run([FONTFORGE, "-quiet", "-lang=py", "-script", cls.path("generate.py")],
+        (cls.folder / "generate.py").write_bytes(SCRIPT.encode())
+        subprocess.run([FONTFORGE, "-quiet", "-lang=py", "-script", cls.folder / "generate.py"],
                        input=jobs.encode(), check=True, timeout=font_case.CALL_SECONDS,
                        stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
 
     def each(self, check):
         for number, font in enumerate(FONTS):
             with self.subTest(font=font.afm_path):
-                check(pfm.Pfm(self.content(f"{number}.PFM")),
-                      Theirs(self.content(f"{number}-theirs.pfm")), self.metrics[number])
+                check(pfm.Pfm((self.folder / f"{number}.PFM").read_bytes()),
+                      Theirs((self.folder / f"{number}-theirs.pfm").read_bytes()),
+                      self.metrics[number])
 
     def test_header_fields_agree(self):
         def check(ours, theirs, _metrics):
@@ -122,7 +124,7 @@ class FontForgeTest(font_case.FontCase):
 
 if __name__ == "__main__":
     if FONTFORGE is None:
-        font_case.not_run("FontForge (package fontforge-nox) is not installed")
+        not_run("FontForge (package fontforge-nox) is not installed")
     if MISSING:
-        font_case.not_run("packages " + ", ".join(MISSING) + " are not installed")
+        not_run("packages " + ", ".join(MISSING) + " are not installed")
     font_case.main()

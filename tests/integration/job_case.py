@@ -1,15 +1,12 @@
-"""What the integration tests share: running the caller program, natively or under Wine.
-
-Each test has an empty folder, in which the caller runs, and a drive C without a debug log.
+"""What the tests of jobs share: each has an empty folder, in which the caller runs, and a drive C without
+a debug log.
 """
 
-import argparse
 import collections
 import contextlib
 import functools
 import os
 import pwd
-import shutil
 import signal
 import socket
 import subprocess
@@ -17,30 +14,18 @@ import sys
 import tempfile
 import unittest
 
+import caller
+from caller import WINE
+from folder_case import FolderCase
+
 Outcome = collections.namedtuple("Outcome", "results output log")
 
 CALL_SECONDS = 60
 
 
-def _arguments():
-    parser = argparse.ArgumentParser()
-    parser.add_argument("--caller", required=True, type=os.path.abspath,
-                        help="the built job_caller")
-    parser.add_argument("--velbce", required=True, type=os.path.abspath,
-                        help="folder of the stand-in's variants")
-    parser.add_argument("--wine", action="store_true", help="run the caller under Wine")
-    return parser.parse_args()
-
-
-OPTIONS = _arguments()
-WINE = OPTIONS.wine
-_base = None
-
-
-class JobCase(unittest.TestCase):
+class JobCase(FolderCase):
     def setUp(self):
-        self.folder = tempfile.mkdtemp(dir=_base)
-        self.addCleanup(shutil.rmtree, self.folder)
+        super().setUp()
         if WINE:
             self.drive_c = os.path.join(os.environ["WINEPREFIX"], "drive_c")
             self.remove_log()
@@ -49,29 +34,14 @@ class JobCase(unittest.TestCase):
             self.drive_c = self.path("drives/c")
             os.makedirs(self.drive_c)
 
-    def path(self, name):
-        return os.path.join(self.folder, name)
-
-    def store(self, name, data):
-        with open(self.path(name), "wb") as file:
-            file.write(data)
-
-    def content(self, name):
-        with open(self.path(name), "rb") as file:
-            return file.read()
-
     def call(self, *arguments, **environment):
         """Runs the caller. The outcome has all its results, its other output and the log's lines."""
         self.remove_log()
         # Without a print server of a test's own there is none.
         settings = {"ZEAPI_DRIVES": self.path("drives"), "LD_LIBRARY_PATH": self.folder,
                     "CUPS_SERVER": self.path("no_server"), **environment}
-        command = ["wine"] if WINE else []
-        done = subprocess.run([*command, OPTIONS.caller, *map(str, arguments)], cwd=self.folder,
-                              env={**os.environ, **settings}, stdout=subprocess.PIPE,
-                              stderr=subprocess.PIPE, timeout=CALL_SECONDS, check=False)
-        self.assertEqual(done.returncode, 0, done.stderr.decode(errors="replace"))
-        lines = done.stdout.replace(b"\r\n", b"\n").splitlines(keepends=True)
+        said = caller.call(*arguments, folder=self.folder, seconds=CALL_SECONDS, environment=settings)
+        lines = said.splitlines(keepends=True)
         results = [int(line.split()[1]) for line in lines if line.startswith(b"result ")]
         output = b"".join(line for line in lines if not line.startswith(b"result "))
         return Outcome(results, output, self.read_log())
@@ -112,11 +82,10 @@ def host_names():
 @contextlib.contextmanager
 def session():
     """The folder in which all tests have theirs. A Ctrl-C or a request to end removes it as well."""
-    global _base
     for request in (signal.SIGINT, signal.SIGTERM):
         signal.signal(request, signal.default_int_handler)
-    with tempfile.TemporaryDirectory(prefix="zeapi_") as _base:
-        yield _base
+    with tempfile.TemporaryDirectory(prefix="zeapi_") as JobCase.parent:
+        yield JobCase.parent
 
 
 def run_tests():

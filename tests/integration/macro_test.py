@@ -1,16 +1,18 @@
 """Macros and demos made of real files: PCL and PostScript from Ghostscript, and what an interpreter of
 PostScript makes of stored files.
 
-Usage: macro_test.py --program ZEAPI --gs GS
+Usage: macro_test.py --program ZEAPI
 """
 import argparse
 import os
+import shutil
 import subprocess
 import sys
-import tempfile
 import unittest
 
 import macro_filter
+from folder_case import LibraryCase
+from not_run import not_run
 
 OPTIONS = None
 
@@ -44,30 +46,15 @@ statusdict begin /currentfilenameextend { true } def /setfilenameextend { pop } 
 START, STOP = b"\x1b&f7y0X", b"\x1b&f1X"
 
 
-class MacroTest(unittest.TestCase):
+class MacroTest(LibraryCase):
     def setUp(self):
-        folder = tempfile.TemporaryDirectory()
-        self.addCleanup(folder.cleanup)
-        self.folder = folder.name
+        super().setUp()
         self.write("pages.ps", PAGES)
-
-    def path(self, name):
-        return os.path.join(self.folder, name)
-
-    def write(self, name, data):
-        with open(self.path(name), "wb") as file:
-            file.write(data)
-
-    def read(self, name):
-        with open(self.path(name), "rb") as file:
-            return file.read()
 
     def run_in_folder(self, *command):
         done = subprocess.run(
-            command, cwd=self.folder, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
-            stderr=subprocess.STDOUT, timeout=120,
-            env={**os.environ, "CUPS_SERVER": self.path("no-server"), "ZEAPI_DRIVES": self.folder},
-        )  # fmt: skip
+            command, cwd=self.folder, env=self.environment, stdin=subprocess.DEVNULL,
+            stdout=subprocess.PIPE, stderr=subprocess.STDOUT, timeout=120)  # fmt: skip
         self.assertEqual(done.returncode, 0, done.stdout)
         return done.stdout
 
@@ -77,7 +64,7 @@ class MacroTest(unittest.TestCase):
 
     def gs(self, *arguments):
         return self.run_in_folder(
-            OPTIONS.gs, "-q", "-dNOPAUSE", "-dBATCH", "-dNOSAFER", *arguments)
+            "gs", "-q", "-dNOPAUSE", "-dBATCH", "-dNOSAFER", *arguments)
 
     def job(self, device):
         self.gs(f"-sDEVICE={device}", "-r150", "-sOutputFile=job", "pages.ps")
@@ -199,6 +186,7 @@ class Demos(MacroTest):
 if __name__ == "__main__":
     parser = argparse.ArgumentParser()
     parser.add_argument("--program", required=True)
-    parser.add_argument("--gs", required=True)
     OPTIONS, rest = parser.parse_known_args()
+    if shutil.which("gs") is None:
+        not_run("Ghostscript (package ghostscript) is not installed")
     unittest.main(argv=[sys.argv[0], *rest])

@@ -3,16 +3,12 @@
 archive and web link, on a real queue."""
 
 import os
-import pathlib
-import sys
 import zipfile
 
-sys.path.append(str(pathlib.Path(__file__).resolve().parents[1] / "support"))
-
-import jobs  # noqa: E402
-import spooler_case  # noqa: E402
-from printer_record import option_item, option_record  # noqa: E402
-from spooler_case import QUEUE  # noqa: E402
+import jobs
+import spooler_case
+from printer_record import option_item, option_record
+from spooler_case import QUEUE
 
 PANEL = b"[Format]\nStyle=2\n[Dialogs]\n1=Paper\n[Paper]\nNumCtrls=2\nDefaults=1A;5;2B;-3\n"
 LETTER = b"\x1bE\x1b&l0OLetterhead\r\n\x0c"
@@ -36,12 +32,12 @@ def font():
 class SetupTest(spooler_case.SpoolerCase):
     def setUp(self):
         super().setUp()
-        self.store("opc007.cfg", PANEL)
-        self.store("letter.pcl", LETTER)
-        self.store("demo.pcl", DEMO)
-        self.store("options.bin", OPTIONS)
+        self.write("opc007.cfg", PANEL)
+        self.write("letter.pcl", LETTER)
+        self.write("demo.pcl", DEMO)
+        self.write("options.bin", OPTIONS)
         os.mkdir(self.path("fonts"))
-        self.store("fonts/courier.sfp", font())
+        self.write("fonts/courier.sfp", font())
         with zipfile.ZipFile(self.path("forms.zip"), "w", zipfile.ZIP_DEFLATED) as archive:
             archive.writestr("forms/order.txt", ORDER)
             archive.writestr("forms/logo.bin", bytes(1000))
@@ -70,7 +66,7 @@ class SetupTest(spooler_case.SpoolerCase):
             "option 11: tray", "option 12: duplex",
             f"file forms/order.txt: {order} bytes, {percentage} %",
             "address http://support.example.com/NA/drivers/3/8"])
-        self.assertEqual(self.content("forms/order.txt"), ORDER)
+        self.assertEqual(self.read("forms/order.txt"), ORDER)
         self.assertFalse(os.path.exists(self.path("forms/logo.bin")))
 
 

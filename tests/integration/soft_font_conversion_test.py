@@ -7,20 +7,21 @@ import os
 import font_case
 import pfm
 import soft_fonts
+from not_run import not_run
 
 TRUETYPE = "/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf"
 
 
 class SoftFontConversionTest(font_case.FontCase):
     def convert(self, data, number, *, pcl=None):
-        self.store("font.in", data)
+        (self.folder / "font.in").write_bytes(data)
         if pcl is None:
             call = ("convert", "font.in", "out.pfm", number)
         else:
-            self.store("font.sfp", pcl)
+            (self.folder / "font.sfp").write_bytes(pcl)
             call = ("tfm", "font.in", "out.pfm", number, "font.sfp")
         self.assertEqual(self.call([call]), [["0"]])
-        return pfm.Pfm(self.content("out.pfm"))
+        return pfm.Pfm((self.folder / "out.pfm").read_bytes())
 
     def test_truetype_soft_font(self):
         font = soft_fonts.TrueType(TRUETYPE)
@@ -91,5 +92,5 @@ class SoftFontConversionTest(font_case.FontCase):
 
 if __name__ == "__main__":
     if not os.path.exists(TRUETYPE):
-        font_case.not_run("DejaVu Sans (package fonts-dejavu-core) is not installed")
+        not_run("DejaVu Sans (package fonts-dejavu-core) is not installed")
     font_case.main()

@@ -5,9 +5,9 @@ import os
 import unittest
 
 import jobs
-import real_fonts
 import spooler_case
-from job_case import WINE
+import type1_fonts
+from caller import WINE
 from jobs import PRINTER_WRITE_FAILED
 from print_server import LARGEST_JOB
 from spooler_case import QUEUE
@@ -37,7 +37,7 @@ class SpoolerTest(spooler_case.SpoolerCase):
         job, before = self.printer.received, self.server.jobs()
         outcome = self.call("string", "$text", QUEUE, **environment)
         self.assertEqual(outcome.results, [0])
-        self.assertEqual(self.content(QUEUE), b"text")
+        self.assertEqual(self.read(QUEUE), b"text")
         self.assertEqual(outcome.log, [
             *jobs.open_log("Attempt to use Win32 Printer", *failed_steps, "OpenPrinter FAILED!",
                            "Default: use file i/o"),
@@ -47,7 +47,7 @@ class SpoolerTest(spooler_case.SpoolerCase):
 
     def test_prints_a_file(self):
         data = bytes(range(256)) * 40
-        self.store("page.prn", data)
+        self.write("page.prn", data)
         self.assert_arrives(jobs.file_job(b"Quarterly report", data, 2), "Quarterly report",
                             "file", "page.prn", QUEUE, *PJL_PCL, "copies=2",
                             "jobName=Quarterly report")
@@ -63,23 +63,23 @@ class SpoolerTest(spooler_case.SpoolerCase):
     def test_prints_a_pcl_font(self):
         font = (b"\x1b)s64W" + (64).to_bytes(2, "big") + b"\0\1" + bytes(10) + b"\x01\x15"
                 + bytes(32) + b"Courier".ljust(16) + bytes(range(256)) * 20)
-        self.store("font.sfp", font)
+        self.write("font.sfp", font)
         self.assert_arrives(jobs.font_job(b"Fonts", jobs.ENTER_PCL, b"flash1",
                                           jobs.pcl_font(10, font)),
                             "Fonts", "font", "font.sfp", QUEUE, 2, *PJL_PCL, "resourceId=10",
                             "jobName=Fonts")
 
     def test_prints_a_real_type_1_font(self):
-        font = real_fonts.read(self, "lmsy10.pfb")
-        self.store("lmsy10.pfb", font)
+        font = type1_fonts.read_outline(self, "lmsy10.pfb")
+        self.write("lmsy10.pfb", font)
         self.assert_arrives(jobs.font_job(b"Fonts", jobs.ENTER_POSTSCRIPT, b"disk1",
                                           jobs.postscript_font(font)),
                             "Fonts", "font", "lmsy10.pfb", QUEUE, 4, f"flags={jobs.PJL}",
                             f"language={jobs.POSTSCRIPT}", "jobName=Fonts")
 
     def test_prints_a_real_type_1_font_in_ppds_blocks(self):
-        font = real_fonts.read(self, "lmsy10.pfb")
-        self.store("lmsy10.pfb", font)
+        font = type1_fonts.read_outline(self, "lmsy10.pfb")
+        self.write("lmsy10.pfb", font)
         self.assert_arrives(jobs.font_job(b"Fonts", jobs.ENTER_PPDS, b"disk1",
                                           jobs.ppds_font(300, 0x1302, 7, font)),
                             "Fonts", "font", "lmsy10.pfb", QUEUE, 4, f"flags={jobs.PJL}",
@@ -90,7 +90,7 @@ class SpoolerTest(spooler_case.SpoolerCase):
         self.assert_arrives([b"text"], "Vantrel Job", "string", "$text", QUEUE)
 
     def test_prints_copies_of_plain_data_one_after_the_other(self):
-        self.store("page.prn", b"plain\r\n")
+        self.write("page.prn", b"plain\r\n")
         self.assert_arrives([b"plain\r\n"] * 3, "Copies", "file", "page.prn", QUEUE, "copies=3",
                             "jobName=Copies")
 
@@ -114,7 +114,7 @@ class SpoolerTest(spooler_case.SpoolerCase):
     def test_abandons_a_job_that_the_server_refuses_to_go_on_with(self):
         line = b"0123456789abcde\n"
         block = line * (jobs.BLOCK // len(line))
-        self.store("page.prn", line * (2 * LARGEST_JOB // len(line)))
+        self.write("page.prn", line * (2 * LARGEST_JOB // len(line)))
         outcome = self.call("file", "page.prn", QUEUE, "jobName=Too large")
         self.assertEqual(outcome.results, [PRINTER_WRITE_FAILED])
         self.assertRegex(outcome.output, b"^\nWritePrinter FAILED! [0-9]+ " + block +

@@ -2,12 +2,14 @@
 """PCL XL jobs that Ghostscript makes of pages of ours, through the stream fixup."""
 import argparse
 import pathlib
+import shutil
 import subprocess
 import sys
 import tempfile
 import unittest
 
 import pclxl_stream
+from not_run import not_run
 
 PAGES = {
     "text": "/Helvetica findfont 40 scalefont setfont 72 700 moveto (A form: 12 @ 3) show",
@@ -37,7 +39,7 @@ class StreamFixup(unittest.TestCase):
         source.write_text("%!PS\n" + "".join(f"gsave {PAGES[page]} grestore showpage\n"
                                              for page in pages))
         job = self.folder / "job"
-        subprocess.run([arguments.gs, "-q", "-dBATCH", "-dNOPAUSE", f"-sDEVICE={device}",
+        subprocess.run(["gs", "-q", "-dBATCH", "-dNOPAUSE", f"-sDEVICE={device}",
                         "-sOutputFile=" + str(job), str(source)], check=True)
         return job.read_bytes()
 
@@ -86,6 +88,7 @@ class StreamFixup(unittest.TestCase):
 if __name__ == "__main__":
     parser = argparse.ArgumentParser()
     parser.add_argument("--caller", required=True)
-    parser.add_argument("--gs", required=True)
     arguments, rest = parser.parse_known_args()
+    if shutil.which("gs") is None:
+        not_run("Ghostscript (package ghostscript) is not installed")
     unittest.main(argv=sys.argv[:1] + rest)

@@ -9,6 +9,7 @@ import afm
 import font_case
 import pfm
 import type1_fonts
+from not_run import not_run
 
 # What the way back calls characters that it has other names for.
 BACK = {"bullet": "bullet1", "circumflex": "asciicircum", "tilde": "asciitilde", "florin": "W83"}
@@ -36,10 +37,10 @@ class Type1ConversionTest(font_case.FontCase):
         cls.metrics = [type1_fonts.read(font) for font in FONTS]
         calls = []
         for number, font in enumerate(FONTS):
-            shutil.copyfile(font.afm_path, cls.path(f"{number}.afm"))
-            shutil.copyfile(font.outline_path, cls.path(f"{number}.pfb"))
-            cls.store(f"{number}.INF", type1_fonts.inf_for(cls.metrics[number]))
-            os.rename(cls.path(f"{number}.afm"), cls.path(f"{number}.AFM"))
+            shutil.copyfile(font.afm_path, cls.folder / f"{number}.afm")
+            shutil.copyfile(font.outline_path, cls.folder / f"{number}.pfb")
+            (cls.folder / f"{number}.INF").write_bytes(type1_fonts.inf_for(cls.metrics[number]))
+            os.rename(cls.folder / f"{number}.afm", cls.folder / f"{number}.AFM")
             calls += [("query", f"{number}.pfb", 2), ("query", f"{number}.AFM", 4),
                       ("convert", f"{number}.AFM", "", 1), ("query", f"{number}.PFM", 0),
                       ("convert", f"{number}.PFM", f"{number}-back.AFM", 3),
@@ -53,8 +54,8 @@ class Type1ConversionTest(font_case.FontCase):
         for number, font in enumerate(FONTS):
             with self.subTest(font=font.afm_path):
                 count += check(number, self.metrics[number],
-                               pfm.Pfm(self.content(f"{number}.PFM")),
-                               afm.read(self.content(f"{number}-back.AFM"))) or 0
+                               pfm.Pfm((self.folder / f"{number}.PFM").read_bytes()),
+                               afm.read((self.folder / f"{number}-back.AFM").read_bytes())) or 0
         return count
 
     def test_finds_the_fonts(self):
@@ -162,8 +163,9 @@ class Type1ConversionTest(font_case.FontCase):
 
     def test_second_device_has_the_same_font(self):
         def check(number, _, written, _back):
-            self.assertEqual(self.content(f"{number}-two.PFM"), self.content(f"{number}.PFM"))
-            second = pfm.Pfm(self.content(f"{number}-two.PSM"))
+            self.assertEqual((self.folder / f"{number}-two.PFM").read_bytes(),
+                             (self.folder / f"{number}.PFM").read_bytes())
+            second = pfm.Pfm((self.folder / f"{number}-two.PSM").read_bytes())
             self.assertEqual(second.device_name, b"PCL5 / HP LaserJet III")
             self.assertEqual(second.face_name, written.face_name)
             self.assertEqual(second.extents, written.extents)
@@ -175,5 +177,5 @@ class Type1ConversionTest(font_case.FontCase):
 
 if __name__ == "__main__":
     if MISSING:
-        font_case.not_run("packages " + ", ".join(MISSING) + " are not installed")
+        not_run("packages " + ", ".join(MISSING) + " are not installed")
     font_case.main()

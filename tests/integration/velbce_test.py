@@ -7,6 +7,7 @@ import struct
 
 import job_case
 import jobs
+from caller import OPTIONS
 from jobs import PRINTER_WRITE_FAILED, UNUSABLE
 
 PORT, HANDLE = 0x1234, 0xFFFE
@@ -42,12 +43,12 @@ def write_line(data):
 
 class VelbceCase(job_case.JobCase):
     def install(self, variant):
-        shutil.copy(os.path.join(job_case.OPTIONS.velbce, variant, "VELBCE.DLL"), self.folder)
+        shutil.copy(os.path.join(OPTIONS.velbce, variant, "VELBCE.DLL"), self.folder)
 
     def call(self, *arguments, **environment):
         outcome = super().call(*arguments, VELBCE_RECORD="record", **environment)
         record = self.path("record")
-        self.record = self.content("record").decode("ascii").splitlines() if os.path.exists(
+        self.record = self.read("record").decode("ascii").splitlines() if os.path.exists(
             record) else None
         self.assertFalse(os.path.exists(self.path("printer")), "the job went to a file")
         return outcome
@@ -64,14 +65,14 @@ class VelbceTest(VelbceCase):
 
     def test_keeps_the_empty_write_after_a_whole_last_block(self):
         self.install("complete")
-        self.store("page.prn", b"x" * jobs.BLOCK)
+        self.write("page.prn", b"x" * jobs.BLOCK)
         self.call("file", "page.prn", "printer", *BIDI, "jobName=Page")
         self.assertEqual(self.record[3:-3], [write_line(b"x" * jobs.BLOCK), write_line(b"")])
 
     def test_sends_a_file_in_blocks_with_copies_and_reset(self):
         self.install("complete")
         data = bytes(range(256)) * 20
-        self.store("page.prn", data)
+        self.write("page.prn", data)
         outcome = self.call("file", "page.prn", "printer", *PJL_PCL, *BIDI, "copies=3",
                             "jobName=Page")
         writes = jobs.file_job(b"Page", data, 3)
@@ -99,7 +100,7 @@ class VelbceTest(VelbceCase):
         for entry in ENTRIES:
             with self.subTest(entry):
                 self.install(f"no_{entry}")
-                self.store("record", b"")
+                self.write("record", b"")
                 outcome = self.call(*STRING_CALL, "times=2")
                 self.assertEqual(outcome.results, [UNUSABLE] * 2)
                 self.assertEqual(self.record, ["loaded", "freed"] * 2)
@@ -134,7 +135,7 @@ class VelbceTest(VelbceCase):
         self.install("complete")
         for failing in range(1, len(STRING_WRITES) + 1):
             with self.subTest(failing):
-                self.store("record", b"")
+                self.write("record", b"")
                 outcome = self.call(*STRING_CALL, VELBCE_FAIL=f"BceWrite:{failing}")
                 self.assertEqual(outcome.results, [PRINTER_WRITE_FAILED])
                 self.assertEqual(self.record,
@@ -145,11 +146,11 @@ class VelbceTest(VelbceCase):
     def test_ends_a_file_job_with_the_write_that_fails(self):
         self.install("complete")
         data = b"0123456789" * 300
-        self.store("page.prn", data)
+        self.write("page.prn", data)
         writes = jobs.file_job(b"Page", data, 1)
         for failing in range(1, len(writes) + 1):
             with self.subTest(failing):
-                self.store("record", b"")
+                self.write("record", b"")
                 outcome = self.call("file", "page.prn", "printer", *PJL_PCL, *BIDI, "copies=1",
                                     "jobName=Page", VELBCE_FAIL=f"BceWrite:{failing}")
                 self.assertEqual(outcome.results, [PRINTER_WRITE_FAILED])
@@ -168,7 +169,7 @@ class VelbceTest(VelbceCase):
         self.install("complete")
         for entry in ("BceEndDoc", "BceClose"):
             with self.subTest(entry):
-                self.store("record", b"")
+                self.write("record", b"")
                 outcome = self.call(*STRING_CALL, VELBCE_FAIL=f"{entry}:0")
                 self.assertEqual(outcome.results, [0])
                 self.assertEqual(self.record[-3:], [*END, "freed"])
@@ -181,7 +182,7 @@ class ConnectionTypeTest(VelbceCase):
         for info, connection in (("0000", 0), ("0200", 2), ("0400", 4), ("0600", 4), ("2000", 32),
                                  ("2600", 32), ("d9f7", 0), ("0008", 2048), ("2608", 2048)):
             with self.subTest(info):
-                self.store("record", b"")
+                self.write("record", b"")
                 outcome = self.call("type", "70000", VELBCE_INFO=info)
                 self.assertEqual(outcome.results, [connection])
                 self.assertEqual(self.record, ["loaded", "BceGetPrtInfo 70000 zeroed 0", "freed"])

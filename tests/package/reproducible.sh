@@ -19,7 +19,7 @@ cp -R "$source/CMakeLists.txt" "$source/cmake" "$source/include" "$source/src" "
 cmake -S "$second/sources" -B "$second/build" -G Ninja -DCMAKE_BUILD_TYPE=Release -DCMAKE_UNITY_BUILD=ON \
   -DZEAPI_TOOLS=OFF \
   -DCMAKE_TOOLCHAIN_FILE="$second/sources/cmake/$toolchain" >"$work/log" 2>&1 || fail
-cmake --build "$second/build" --target zeapi_import_libraries >>"$work/log" 2>&1 || fail
+cmake --build "$second/build" --target zeapi_shared >>"$work/log" 2>&1 || fail
 
 result=0
 for file in bin/ZEAPI1TD.dll lib/libZEAPI1TD.dll.a lib/ZEAPI1TD.lib lib/ZEAPI1TD.def; do

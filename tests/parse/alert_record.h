@@ -5,14 +5,9 @@
 #include <string>
 #include <string_view>
 
-namespace zeapi::testing {
+#include "support/byte_order.h"
 
-inline std::string BigEndian(long long value, int width) {
-  std::string bytes;
-  for (int shift = 8 * (width - 1); shift >= 0; shift -= 8)
-    bytes += static_cast<char>(static_cast<unsigned char>(value >> shift));
-  return bytes;
-}
+namespace zeapi::testing {
 
 inline std::string Joined(std::initializer_list<std::string> parts) {
   std::string whole;

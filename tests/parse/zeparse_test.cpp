@@ -1,7 +1,10 @@
 // The record format that all alerts share.
 #include "parse/zeparse.h"
 
+#include <memory>
+
 #include "parse/alert_record.h"
+#include "support/byte_order.h"
 #include "support/bytes.h"
 #include "support/scratch.h"
 

@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "base/stream.h"
+#include "support/byte_order.h"
 #include "support/pclxl.h"
 
 namespace zeapi::testing {

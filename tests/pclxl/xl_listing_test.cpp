@@ -2,6 +2,7 @@
 
 #include "pclxl/list_stream.h"
 #include "pclxl/xl_value_text.h"
+#include "support/byte_order.h"
 #include "support/pclxl.h"
 
 namespace zeapi::testing {

@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <initializer_list>
 #include <set>
+#include <string_view>
 #include <utility>
 
 #include "pclxl/xl_names.h"

@@ -1,6 +1,7 @@
 // The seam's promises about files, on whatever host this runs.
 #include "platform/files.h"
 
+#include <algorithm>
 #include <fstream>
 
 #include "base/stream.h"

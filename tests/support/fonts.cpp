@@ -3,17 +3,10 @@
 #include <algorithm>
 #include <cstring>
 
+#include "support/byte_order.h"
+
 namespace zeapi::testing {
 namespace {
-
-std::string Number(std::uint32_t value, int count, bool littleEndian) {
-  std::string bytes;
-  for (int i = 0; i < count; ++i) {
-    const int shift = 8 * (littleEndian ? i : count - 1 - i);
-    bytes += static_cast<char>(value >> shift & 0xFF);
-  }
-  return bytes;
-}
 
 std::string Padded(std::string text, std::size_t size, char pad) {
   text.resize(size, pad);
@@ -27,11 +20,6 @@ void Put(std::string* bytes, std::size_t offset, std::string_view part) {
 }
 
 }  // namespace
-
-std::string Le16(std::uint32_t value) { return Number(value, 2, true); }
-std::string Le32(std::uint32_t value) { return Number(value, 4, true); }
-std::string Be16(std::uint32_t value) { return Number(value, 2, false); }
-std::string Be32(std::uint32_t value) { return Number(value, 4, false); }
 
 std::string PclFontFile::Descriptor() const {
   std::string bytes(64, '\0');

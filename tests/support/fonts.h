@@ -12,11 +12,6 @@
 
 namespace zeapi::testing {
 
-std::string Le16(std::uint32_t value);
-std::string Le32(std::uint32_t value);
-std::string Be16(std::uint32_t value);
-std::string Be32(std::uint32_t value);
-
 // A PCL soft font: ESC ")s", digits, "W", the descriptor and what follows it. By default a bold
 // 12-point Roman-8 bitmap of header format 0 named Courier.
 struct PclFontFile {

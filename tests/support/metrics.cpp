@@ -1,5 +1,7 @@
 #include "support/metrics.h"
 
+#include "support/byte_order.h"
+
 namespace zeapi::testing {
 namespace {
 

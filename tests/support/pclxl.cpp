@@ -1,5 +1,7 @@
 #include "support/pclxl.h"
 
+#include "support/byte_order.h"
+
 namespace zeapi::testing::xl {
 
 std::string Hex(std::initializer_list<int> bytes) {
@@ -7,12 +9,6 @@ std::string Hex(std::initializer_list<int> bytes) {
   for (const int byte : bytes) text += static_cast<char>(byte);
   return text;
 }
-
-std::string Le16(std::uint32_t value) {
-  return {static_cast<char>(value), static_cast<char>(value >> 8)};
-}
-
-std::string Le32(std::uint32_t value) { return Le16(value) + Le16(value >> 16); }
 
 std::string Ubyte(int value) { return Hex({0xC0, value}); }
 std::string Uint16(std::uint32_t value) { return Hex({0xC1}) + Le16(value); }

@@ -17,8 +17,6 @@ inline constexpr std::string_view kHeader = ") HP-PCL XL;1;1;\n";
 
 // Bytes by their values.
 std::string Hex(std::initializer_list<int> bytes);
-std::string Le16(std::uint32_t value);
-std::string Le32(std::uint32_t value);
 
 // A value with its tag, and the identifier that makes an attribute of it.
 std::string Ubyte(int value);

@@ -6,6 +6,8 @@
 #include <string>
 #include <string_view>
 
+#include "support/byte_order.h"
+
 namespace zeapi::testing {
 
 // A file in the making; its type is 7.
@@ -23,9 +25,8 @@ struct QsfImage {
   }
   QsfImage& Block(int number, std::uint32_t offset, std::uint16_t count) {
     const std::size_t at = number == 1 ? 44 : number == 2 ? 50 : 56;
-    for (std::size_t i = 0; i < 4; ++i) Byte(at + i, static_cast<int>(offset >> (8 * i)));
-    Byte(at + 4, count & 0xFF);
-    return Byte(at + 5, count >> 8);
+    bytes.replace(at, 6, Le32(offset) + Le16(count));
+    return *this;
   }
   QsfImage& Append(std::string_view text) {
     bytes += text;
@@ -41,9 +42,7 @@ struct QsfImage {
       const auto word = static_cast<std::uint8_t>(file[i]) | high << 8;
       if (i != 2) sum = static_cast<std::uint16_t>(sum - word);
     }
-    file[2] = static_cast<char>(sum);
-    file[3] = static_cast<char>(sum >> 8);
-    return file;
+    return file.replace(2, 2, Le16(sum));
   }
 };
 

@@ -2,7 +2,9 @@
 // beyond the end.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <random>
+#include <sstream>
 
 #include "job/job_listing.h"
 #include "job_text.h"

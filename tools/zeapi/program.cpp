@@ -11,7 +11,10 @@ namespace tool {
 namespace {
 
 constexpr const char* kPurpose =
-    "Sends files, strings and storage requests to laser printers, and shows what was sent.\n"
+    "Sends files, strings, fonts, macros, demos and storage requests to laser printers, shows "
+    "what\n"
+    "was sent, works on the files around that (fonts, PCL XL, INI, panel, option and data files,\n"
+    "archives), reads what printers report and builds addresses of support pages.\n"
     "A printer is the name of a print queue; any other name is a file that receives the job.";
 
 constexpr const char* kExitCodes =

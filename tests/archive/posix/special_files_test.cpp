@@ -9,7 +9,7 @@
 
 #include <cstring>
 
-#include "archive/archive_test.h"
+#include "archive/archive_case.h"
 
 namespace zeapi::testing {
 namespace {

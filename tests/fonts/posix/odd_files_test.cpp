@@ -7,6 +7,7 @@
 #include "support/metrics.h"
 #include "support/posix/named_pipe.h"
 #include "support/soft_fonts.h"
+#include "support/tfm_file.h"
 
 namespace zeapi::testing {
 namespace {

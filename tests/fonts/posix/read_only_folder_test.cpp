@@ -4,6 +4,7 @@
 #include "support/metrics.h"
 #include "support/posix/read_only.h"
 #include "support/soft_fonts.h"
+#include "support/tfm_file.h"
 
 namespace zeapi::testing {
 namespace {

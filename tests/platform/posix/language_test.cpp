@@ -1,6 +1,7 @@
 #include "platform/posix/language.h"
 
 #include <cstdlib>
+#include <string>
 
 #include <gtest/gtest.h>
 

@@ -8,25 +8,16 @@ import json
 import os
 import subprocess
 import sys
-import tempfile
 import unittest
+
+from folder_case import LibraryCase
 
 UEL = b"\x1b%-12345X"
 CLEAR = b'@PJL RDYMSG DISPLAY = ""\n'
 
 
-class ProgramCase(unittest.TestCase):
+class ProgramCase(LibraryCase):
     command = []
-
-    def setUp(self):
-        folder = tempfile.TemporaryDirectory()
-        self.addCleanup(folder.cleanup)
-        self.folder = folder.name
-        self.environment = dict(os.environ)
-        # No print server of this host takes part, and drive C is the test's own.
-        self.environment["CUPS_SERVER"] = os.path.join(self.folder, "no-server")
-        self.environment["ZEAPI_DRIVES"] = self.folder
-        os.mkdir(os.path.join(self.folder, "c"))
 
     def run_program(self, *arguments, exit_code=0):
         done = subprocess.run(
@@ -43,14 +34,6 @@ class ProgramCase(unittest.TestCase):
 
     def answer(self, *arguments, exit_code=0):
         return json.loads(self.run_program(*arguments, "--json", exit_code=exit_code).stdout)
-
-    def write(self, name, data):
-        with open(os.path.join(self.folder, name), "wb") as file:
-            file.write(data)
-
-    def read(self, name):
-        with open(os.path.join(self.folder, name), "rb") as file:
-            return file.read()
 
 
 def main():

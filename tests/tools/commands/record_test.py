@@ -1,12 +1,7 @@
 """zeapi record: what a printer sends about its options and jobs."""
 
-import pathlib
-import sys
-
-sys.path.append(str(pathlib.Path(__file__).resolve().parents[2] / "support"))
-
-import program_case  # noqa: E402
-from printer_record import container, integer, option_item, printer_record, text  # noqa: E402
+import program_case
+from printer_record import container, integer, option_item, printer_record, text
 
 
 class Record(program_case.ProgramCase):

@@ -1,4 +1,5 @@
 // zeapi panel: what panel configuration files say.
+#include <cstdio>
 #include <cstring>
 #include <memory>
 #include <optional>

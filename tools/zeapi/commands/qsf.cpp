@@ -1,4 +1,5 @@
 // zeapi qsf: lists of option variables.
+#include <cstdio>
 #include <memory>
 
 #include "choice.h"

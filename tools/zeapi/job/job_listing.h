@@ -1,6 +1,7 @@
 // A captured job as text for people and as JSON for programs.
 #pragma once
 
+#include <cstdint>
 #include <nlohmann/json.hpp>
 #include <ostream>
 #include <span>

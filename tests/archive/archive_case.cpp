@@ -1,4 +1,4 @@
-#include "archive/archive_test.h"
+#include "archive/archive_case.h"
 
 #include <algorithm>
 

@@ -1,11 +1,11 @@
-#include "support/spooler_double.h"
+#include "support/moody_spooler.h"
 
 #include "platform/console.h"
 #include "platform/spooler.h"
 
 namespace zeapi::fuzz {
 
-SpoolerDouble spooler;
+MoodySpooler spooler;
 
 }  // namespace zeapi::fuzz
 

@@ -14,7 +14,7 @@ enum class SpoolerMood {
   kMoods
 };
 
-struct SpoolerDouble {
+struct MoodySpooler {
   SpoolerMood mood = SpoolerMood::kNoPrinter;
   unsigned writes = 0;
 
@@ -27,6 +27,6 @@ struct SpoolerDouble {
 };
 
 // The one that the library meets. Assign a new one before each job.
-extern SpoolerDouble spooler;
+extern MoodySpooler spooler;
 
 }  // namespace zeapi::fuzz
