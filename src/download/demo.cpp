@@ -5,10 +5,9 @@
 
 #include "base/stream.h"
 #include "download/demo_commands.h"
+#include "download/resource_file.h"
 #include "download/stored_name.h"
 #include "files/file_utilities.h"
-#include "files/regular_file.h"
-#include "files/system_file.h"
 #include "output/pjl.h"
 #include "output/send_stream.h"
 
@@ -26,7 +25,7 @@ class DemoDownload {
         name_(ChooseStoredName(demo.name, demoFile)) {}
 
   Result Run() {
-    if (!Start() || !Payload()) return ctx_->error;
+    if (!StartResourceJob(ctx_) || !Payload()) return ctx_->error;
     PjlJobTrailer(ctx_, false);
     if (QueueFailed(ctx_)) return ctx_->error;
     GenQueClose(ctx_);
@@ -34,13 +33,6 @@ class DemoDownload {
   }
 
  private:
-  bool Start() {
-    if (TakesBracketK(*ctx_)) LanguageSelect(ctx_);
-    if (QueueFailed(ctx_)) return false;
-    PjlJobHeader(ctx_, false);
-    return !QueueFailed(ctx_);
-  }
-
   bool Payload() {
     switch (demo_.method) {
       case ZE_DEMO_POSTSCRIPT:
@@ -150,10 +142,11 @@ void SetLanguage(std::int32_t method, ZeDestination* destination) {
 
 Result DownloadDemo(const char* demoFile, const char* printerName, ZeDestination* destination,
                     const ZeDemoInfo& demo) {
-  if (!FilExists(demoFile)) return ZE_FILE_NOT_FOUND;
-  if (IsSystemFile(demoFile)) return ZE_BAD_FORMAT;
-  const Stream file(OpenRegularFile(demoFile, "rb"));
-  if (file == nullptr) return ZE_OPEN_FAILED;
+  const Result checked = CheckResourceFile(demoFile);
+  if (checked != ZE_OK) return checked;
+  Stream file;
+  const Result openedFile = OpenResourceFile(demoFile, &file);
+  if (openedFile != ZE_OK) return openedFile;
 
   GenQueContext ctx;
   ctx.destination = destination;

@@ -33,10 +33,7 @@ class MacroDownload {
   }
 
   bool Start() {
-    if (TakesBracketK(*ctx_)) LanguageSelect(ctx_);
-    if (QueueFailed(ctx_)) return false;
-    PjlJobHeader(ctx_, false);
-    if (QueueFailed(ctx_)) return false;
+    if (!StartResourceJob(ctx_)) return false;
     if (IsStored() && language_ != ZE_LANGUAGE_POSTSCRIPT && language_ != ZE_LANGUAGE_PCLXL) {
       PjlResourceCommand(ZE_RESOURCE_TARGET_DEVICE, ctx_);
     }
