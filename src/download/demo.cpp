@@ -6,6 +6,7 @@
 #include "base/stream.h"
 #include "download/demo_commands.h"
 #include "download/resource_file.h"
+#include "download/stored_file_commands.h"
 #include "download/stored_name.h"
 #include "files/file_utilities.h"
 #include "output/pjl.h"
@@ -49,15 +50,16 @@ class DemoDownload {
   }
 
   bool PostScriptFile() {
-    WriteCommand(ctx_, demo::kPostScriptPrologue, Device(), FileName().text);
+    WriteCommand(ctx_, demo::kPostScriptPrologue, stored_file::kExtensionOff, Device(),
+                 FileName().text);
     if (!Send(kHexadecimal)) return false;
-    WriteCommand(ctx_, demo::kPostScriptEpilogue);
+    WriteCommand(ctx_, demo::kPostScriptEpilogue, stored_file::kExtensionBack);
     return !QueueFailed(ctx_);
   }
 
   // The file commands are for a PJL printer, whatever the destination says of it.
   bool PjlFile() {
-    const FileNameText name = FileName();
+    const StoredFileName name = FileName();
     if (!TargetDevice()) return false;
     WriteCommand(ctx_, demo::kOpenFile, Device(), name.text, demo::kWriteOnly);
     if (QueueFailed(ctx_)) return false;
@@ -116,14 +118,7 @@ class DemoDownload {
 
   const char* Device() const { return DeviceName(demo_.device); }
 
-  struct FileNameText {
-    char text[kNameField + sizeof(".demo")];
-  };
-  FileNameText FileName() const {
-    FileNameText name;
-    std::snprintf(name.text, sizeof(name.text), "%s.demo", name_.text);
-    return name;
-  }
+  StoredFileName FileName() const { return StoredFileNameOf(name_, true); }
 
   const char* const demoFile_;
   std::FILE* const file_;
