@@ -58,7 +58,7 @@ std::FILE* OpenMemory(MemorySource* source) {
 
 // Takes each block into the next place of a memory of 64 KiB, over and over, as a printer's buffer
 // does.
-class MemorySink final : public filter::BlockSink {
+class MemorySink final : public filter::FilterSink {
  public:
   void Take(std::span<const std::uint8_t> block) override {
     if (at_ + block.size() > memory_.size()) at_ = 0;

@@ -34,7 +34,7 @@ void WriteFloor(const std::string& output, const std::string& log, std::int64_t 
   }
 }
 
-Result Send(const std::string& source, const std::string& output, int encoding) {
+Result Send(const std::string& source, const std::string& output, StreamEncoding encoding) {
   const ZeDestination destination = {};
   GenQueContext ctx;
   ctx.destination = &destination;
@@ -46,7 +46,7 @@ Result Send(const std::string& source, const std::string& output, int encoding) 
   return result;
 }
 
-void SendStreamToFile(benchmark::State& state, int encoding) {
+void SendStreamToFile(benchmark::State& state, StreamEncoding encoding) {
   const TemporaryFolder folder;
   const std::string log = folder.MakeDriveC();
   const std::string source = folder.File("source");

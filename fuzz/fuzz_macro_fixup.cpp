@@ -17,7 +17,7 @@
 namespace zeapi::fuzz {
 namespace {
 
-class MemorySink final : public filter::BlockSink {
+class MemorySink final : public filter::FilterSink {
  public:
   void Take(std::span<const std::uint8_t> block) override {
     Check(block.size() <= 1024 && !block.empty(), "blocks have at most 1024 bytes");

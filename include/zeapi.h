@@ -1329,6 +1329,11 @@ ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeWebGetCGIURL(uint32_t family, uint32_t model,
  * and stop the definition, PPDS behind a definition header, PostScript with the comment
  * "%%Velquist Overlay: NAME" behind its "%!PS" line when it is fixed up, PCL XL as a stored stream
  * when it is fixed up.
+ *
+ * The fixup of a PCL XL file makes the work files `in.str`, `temp.str` and `out.str` anew in the
+ * current directory and leaves them there. With ZE_MACRO_FIX_UP and PCL XL neither these nor the
+ * `fixup.str` of ZeMacValidate() may be the macro file or the file that stands for a printer:
+ * ZE_OPEN_FAILED, for the latter after it was opened and so emptied.
  * @param macroFile    must not be the text of `printerName`, whatever its case.
  * @param printerName  printer or path, at most ZE_MAX_NAME characters.
  * @param destination  `language` 1 to 6; `resourceId` is the macro's ID, in any range.
@@ -1346,7 +1351,8 @@ ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeMacCreate(const char* macroFile, const char* 
 /**
  * Sends a macro file as a complete job: for one page (ZE_MACRO_PRINT_ONCE), to be stored
  * (ZE_MACRO_STORE), or as it is (ZE_MACRO_RAW). A PostScript file is stored as a procedure in
- * working memory, as a file on a device.
+ * working memory, as a file on a device. The fixup of a PCL XL file makes the work files of
+ * ZeMacCreate(), which are refused in the same way.
  * @param macroFile    as of ZeMacCreate().
  * @param printerName  printer or path, at most ZE_MAX_NAME characters.
  * @param destination  `language` 1 to 6; `resourceId` below 32768 unless `mode` is ZE_MACRO_RAW.
@@ -1389,7 +1395,8 @@ ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeMacDelete(const char* printerName,
  *
  * PCL XL: without ZE_MACRO_FIX_UP the file has to be a stored-stream file; none is recognised, so
  * the result is ZE_FIXUP_FAILED or, for a file shorter than its header of 17 bytes, ZE_READ_FAILED. With it the
- * fixed-up stream is written to `fixup.str` in the current directory.
+ * fixed-up stream is written to `fixup.str` in the current directory, by way of the work files
+ * of ZeMacCreate(). None of the four may be the file: ZE_OPEN_FAILED.
  *
  * Any other language: the PCL fixup of the file is written to `fixup.mac` in the current directory,
  * with the options `fixupLimit` when ZE_MACRO_FIX_UP_LIMIT is set and ZE_FIXUP_DEFAULT otherwise.
@@ -1422,7 +1429,7 @@ ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeMacValidate(const char* macroFile,
  * @param directory  as of ZeDemFind().
  * @param count      as of ZeDemFind().
  * @param kind       ZE_LANGUAGE_DEFAULT to ZE_LANGUAGE_PCLXL.
- * @param value      handed to the validation, which does not use it.
+ * @param value      not used.
  * @param recurse    as of ZeDemFind().
  * @return as ZeDemFind().
  */

@@ -91,10 +91,10 @@ uint32_t ZEAPI_CALL ZeMacValidate(const char* macroFile, const ZeDestination* de
 }
 
 ZeFoundFile* ZEAPI_CALL ZeMacFind(const char* directory, int16_t* count, uint32_t kind,
-                                  uint32_t value, uint32_t recurse) noexcept {
+                                  uint32_t /*value*/, uint32_t recurse) noexcept {
   return Guarded(nullptr, [&]() -> ZeFoundFile* {
     if (directory == nullptr || count == nullptr || NameTooLong(directory)) return nullptr;
     if (kind < ZE_LANGUAGE_DEFAULT || kind > ZE_LANGUAGE_PCLXL) return nullptr;
-    return FindMacros(directory, kind, value, recurse != 0, count).release();
+    return FindMacros(directory, kind, recurse != 0, count).release();
   });
 }

@@ -31,7 +31,7 @@ std::string PathOf(std::int16_t panel, const char* directory) {
   char name[kPanelFileNameRoom];
   OpcFileName(panel, name);
   if (directory == nullptr) return name;
-  return WithBackslash({directory, BoundedLength(directory, ZE_MAX_NAME)}) + name;
+  return EndedByBackslash({directory, BoundedLength(directory, ZE_MAX_NAME)}) + name;
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <cstring>
 #include <iterator>
 #include <memory>
+#include <span>
 #include <string_view>
 #include <utility>
 
@@ -47,7 +48,7 @@ struct DataFile {
   }
 
   Stream stream;
-  TextCursor text;
+  TextSource text;
   bool hasCurrent = false;  // a record was found and can be gone on from
 };
 
@@ -62,13 +63,6 @@ DataFile* FileOf(std::int16_t handle) {
 template <std::size_t size>
 std::string_view FieldText(const char (&field)[size]) {
   return {field, BoundedLength(field, size)};
-}
-
-// Calls `use` with each record from the first match of `key` on, until it says no or none is left.
-template <typename Use>
-void ForEachRecord(std::int16_t handle, ZeDatRecord* record, Use use) {
-  std::int16_t result = DatGetFirstKey(handle, record);
-  while (result == ZE_DAT_OK && use(*record)) result = DatGetNextKey(handle, record);
 }
 
 void CountLetter(char letter, std::uint16_t* counts) {
@@ -136,11 +130,11 @@ std::int16_t DatQueryCount(const char* path, ZeDatRecord* record, std::int32_t m
   const std::string_view prefix = FieldText(asked.szKey).substr(0, kCountedKey);
   // Counts one run of matches: files are sorted by key.
   std::uint16_t count = 0;
-  ForEachRecord(handle, record, [&](const ZeDatRecord& found) {
-    const bool matches = FieldText(found.szKey).starts_with(prefix);
-    if (matches) ++count;
-    return matches;
-  });
+  std::int16_t result = DatGetFirstKey(handle, record);
+  while (result == ZE_DAT_OK && FieldText(record->szKey).starts_with(prefix)) {
+    ++count;
+    result = DatGetNextKey(handle, record);
+  }
   const std::int16_t closed = DatCloseFile(handle);
   return closed == ZE_DAT_OK ? static_cast<std::int16_t>(count) : closed;
 }
@@ -151,12 +145,12 @@ std::int16_t DatQueryCounts(const char* path, ZeDatCounts* counts, std::int32_t 
   if (handle < 0) return ZE_DAT_OPEN_FAILED;
   std::uint16_t first[6] = {};
   std::uint16_t second[6] = {};
-  ZeDatRecord record = {};
-  ForEachRecord(handle, &record, [&](const ZeDatRecord& found) {
-    CountLetter(found.szKey[0], first);
-    if (AsciiUpper(found.szKey[0]) == 'S') CountLetter(found.szKey[1], second);
-    return true;
-  });
+  char key[sizeof(ZeDatRecord::szKey)];
+  const std::span room(reinterpret_cast<std::uint8_t*>(key), sizeof(key));
+  while (DatReadRecord(&FileOf(handle)->text, kFields, room) == kDatRecord) {
+    CountLetter(key[0], first);
+    if (AsciiUpper(key[0]) == 'S') CountLetter(key[1], second);
+  }
   std::memcpy(counts->first, first, sizeof(first));
   std::memcpy(counts->second, second, sizeof(second));
   return DatCloseFile(handle);

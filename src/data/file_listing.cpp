@@ -76,7 +76,7 @@ bool ReadDescription(const char* path, char* description, std::size_t size) {
 }
 
 void ListFiles(const char* directory, std::uint32_t kind, FileList* list) {
-  const std::string folder = WithBackslash(directory[0] == '\0' ? "." : directory);
+  const std::string folder = EndedByBackslash(directory[0] == '\0' ? "." : directory);
   platform::DirectorySearch search((folder + PatternOf(kind)).c_str());
   for (platform::FoundEntry found; search.Next(&found);) {
     if (found.name.starts_with('.')) continue;

@@ -9,31 +9,25 @@
 namespace zeapi {
 namespace {
 
-// A number of at most 15 digits without an exponent: both parts of the quotient are exact, so it is
-// the nearest there is. Most numbers are such, and this takes a fraction of the time.
-bool ConvertShort(std::string_view text, double* number) {
-  constexpr std::size_t kExactDigits = 15;
-  constexpr double kPowers[] = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
-                                1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
-  const bool negative = text.starts_with('-');
-  if (negative) text.remove_prefix(1);
+// Both parts of the quotient are exact, so it is the nearest there is. Most numbers are plain, and this
+// takes a fraction of the time.
+bool ConvertPlain(std::string_view text, double* number) {
+  static constexpr double kPowers[] = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6, 1e7,
+                                       1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14};
+  if (text.empty() || PlainNumberLength(text) != text.size()) return false;
   std::int64_t digits = 0;
   std::size_t fraction = 0;
   bool point = false;
-  if (text.size() > kExactDigits) return false;
   for (const char c : text) {
-    if (c >= '0' && c <= '9') {
+    if (c == '.') {
+      point = true;
+    } else if (c != '-') {
       digits = digits * 10 + (c - '0');
       if (point) ++fraction;
-    } else if (c == '.' && !point) {
-      point = true;
-    } else {
-      return false;
     }
   }
-  if (text.size() == (point ? 1U : 0U)) return false;
   const double value = static_cast<double>(digits) / kPowers[fraction];
-  *number = negative ? -value : value;
+  *number = text.starts_with('-') ? -value : value;
   return true;
 }
 
@@ -65,7 +59,7 @@ bool Convert(std::string_view text, Number* number) {
 }
 
 bool Convert(std::string_view text, double* number) {
-  return ConvertShort(text, number) || Convert<double>(text, number);
+  return ConvertPlain(text, number) || Convert<double>(text, number);
 }
 
 template <typename Number>

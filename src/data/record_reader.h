@@ -37,9 +37,9 @@ enum ZeDatReading : std::int16_t {
   kDatEndOfFile = -10,
 };
 
-// Reads the next record into `record`, which the fields fill; what a text leaves of its field is
-// zero.
-ZeDatReading DatReadRecord(TextCursor* text, std::span<const ZeDatField> fields,
+// Reads the next record. The fields that lie in `record` are stored there; what a text leaves of its
+// field is zero. Those behind its end are checked the same and not kept.
+ZeDatReading DatReadRecord(TextSource* source, std::span<const ZeDatField> fields,
                            std::span<std::uint8_t> record);
 
 }  // namespace zeapi

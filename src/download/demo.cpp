@@ -5,10 +5,10 @@
 
 #include "base/stream.h"
 #include "download/demo_commands.h"
+#include "download/resource_file.h"
+#include "download/stored_file_commands.h"
 #include "download/stored_name.h"
 #include "files/file_utilities.h"
-#include "files/regular_file.h"
-#include "files/system_file.h"
 #include "output/pjl.h"
 #include "output/send_stream.h"
 
@@ -26,7 +26,7 @@ class DemoDownload {
         name_(ChooseStoredName(demo.name, demoFile)) {}
 
   Result Run() {
-    if (!Start() || !Payload()) return ctx_->error;
+    if (!StartResourceJob(ctx_) || !Payload()) return ctx_->error;
     PjlJobTrailer(ctx_, false);
     if (QueueFailed(ctx_)) return ctx_->error;
     GenQueClose(ctx_);
@@ -34,13 +34,6 @@ class DemoDownload {
   }
 
  private:
-  bool Start() {
-    if (TakesBracketK(*ctx_)) LanguageSelect(ctx_);
-    if (QueueFailed(ctx_)) return false;
-    PjlJobHeader(ctx_, false);
-    return !QueueFailed(ctx_);
-  }
-
   bool Payload() {
     switch (demo_.method) {
       case ZE_DEMO_POSTSCRIPT:
@@ -57,15 +50,16 @@ class DemoDownload {
   }
 
   bool PostScriptFile() {
-    WriteCommand(ctx_, demo::kPostScriptPrologue, Device(), FileName().text);
+    WriteCommand(ctx_, demo::kPostScriptPrologue, stored_file::kExtensionOff, Device(),
+                 FileName().text);
     if (!Send(kHexadecimal)) return false;
-    WriteCommand(ctx_, demo::kPostScriptEpilogue);
+    WriteCommand(ctx_, demo::kPostScriptEpilogue, stored_file::kExtensionBack);
     return !QueueFailed(ctx_);
   }
 
   // The file commands are for a PJL printer, whatever the destination says of it.
   bool PjlFile() {
-    const FileNameText name = FileName();
+    const StoredFileName name = FileName();
     if (!TargetDevice()) return false;
     WriteCommand(ctx_, demo::kOpenFile, Device(), name.text, demo::kWriteOnly);
     if (QueueFailed(ctx_)) return false;
@@ -124,14 +118,7 @@ class DemoDownload {
 
   const char* Device() const { return DeviceName(demo_.device); }
 
-  struct FileNameText {
-    char text[kNameField + sizeof(".demo")];
-  };
-  FileNameText FileName() const {
-    FileNameText name;
-    std::snprintf(name.text, sizeof(name.text), "%s.demo", name_.text);
-    return name;
-  }
+  StoredFileName FileName() const { return StoredFileNameOf(name_, true); }
 
   const char* const demoFile_;
   std::FILE* const file_;
@@ -150,10 +137,11 @@ void SetLanguage(std::int32_t method, ZeDestination* destination) {
 
 Result DownloadDemo(const char* demoFile, const char* printerName, ZeDestination* destination,
                     const ZeDemoInfo& demo) {
-  if (!FilExists(demoFile)) return ZE_FILE_NOT_FOUND;
-  if (IsSystemFile(demoFile)) return ZE_BAD_FORMAT;
-  const Stream file(OpenRegularFile(demoFile, "rb"));
-  if (file == nullptr) return ZE_OPEN_FAILED;
+  const Result checked = CheckResourceFile(demoFile);
+  if (checked != ZE_OK) return checked;
+  Stream file;
+  const Result openedFile = OpenResourceFile(demoFile, &file);
+  if (openedFile != ZE_OK) return openedFile;
 
   GenQueContext ctx;
   ctx.destination = destination;

@@ -3,17 +3,17 @@
 
 namespace zeapi::demo {
 
-// Opens the file %device%name and copies hexadecimal data into it, up to the ">" of the epilogue.
+// Opens the file %device%name and copies hexadecimal data into it, up to the ">" of the epilogue. With
+// stored_file::kExtensionOff and kExtensionBack.
 inline constexpr char kPostScriptPrologue[] =
-    "statusdict begin currentfilenameextend false setfilenameextend end\n"
-    "/wf (%%%s%%%s) (w) file def\n"
+    "%s/wf (%%%s%%%s) (w) file def\n"
     "/rf currentfile (ASCIIHexDecode) filter def\n"
     "{ rf read\n"
     "not { exit } if\n"
     "wf exch write } loop\n";
 inline constexpr char kPostScriptEpilogue[] =
     ">\n"
-    "statusdict begin setfilenameextend end\n";
+    "%s\n";
 
 inline constexpr char kOpenFile[] = "@PJL LOPENFILE DEVICE=%s FILENAME=\"%s\" ACCESS=%s\n";
 inline constexpr char kWriteOnly[] = "WO";

@@ -3,6 +3,7 @@
 #include "download/macro_payload.h"
 #include "download/postscript_macro.h"
 #include "output/pjl.h"
+#include "output/pjl_commands.h"
 #include "output/send_stream.h"
 
 namespace zeapi {
@@ -33,10 +34,7 @@ class MacroDownload {
   }
 
   bool Start() {
-    if (TakesBracketK(*ctx_)) LanguageSelect(ctx_);
-    if (QueueFailed(ctx_)) return false;
-    PjlJobHeader(ctx_, false);
-    if (QueueFailed(ctx_)) return false;
+    if (!StartResourceJob(ctx_)) return false;
     if (IsStored() && language_ != ZE_LANGUAGE_POSTSCRIPT && language_ != ZE_LANGUAGE_PCLXL) {
       PjlResourceCommand(ZE_RESOURCE_TARGET_DEVICE, ctx_);
     }
@@ -48,9 +46,9 @@ class MacroDownload {
   // Whatever the printer takes: PCL XL is entered by PJL alone.
   void EnterPclXl() {
     if (mode_ == ZE_MACRO_PRINT_ONCE) {
-      WriteCommand(ctx_, macro::kEnterPclXl);
+      WriteCommand(ctx_, pjl::kEnterLanguage, pjl::kPclXl);
     } else {
-      WriteCommand(ctx_, macro::kTargetAndEnterPclXl, DeviceName(device_));
+      WriteCommand(ctx_, pjl::kTargetAndEnterLanguage, DeviceName(device_), pjl::kPclXl);
     }
   }
 

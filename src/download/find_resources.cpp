@@ -9,12 +9,6 @@ namespace {
 
 constexpr std::uint32_t kMacroFlagBit4 = 0x10;  // set by searches, read by nobody
 
-// What a search hands to validation: a destination, and the searcher's own value behind it.
-struct MacroRequest {
-  ZeDestination destination;
-  std::uint32_t value;
-};
-
 }  // namespace
 
 FoundFiles FindDemos(const char* folder, bool recurse, std::int16_t* count) {
@@ -24,16 +18,14 @@ FoundFiles FindDemos(const char* folder, bool recurse, std::int16_t* count) {
   return FindFiles(folder, ZE_FOUND_DEMO, recurse, mayBeDemo, count);
 }
 
-FoundFiles FindMacros(const char* folder, std::uint32_t kind, std::uint32_t value, bool recurse,
-                      std::int16_t* count) {
+FoundFiles FindMacros(const char* folder, std::uint32_t kind, bool recurse, std::int16_t* count) {
+  ZeDestination destination = {};
+  destination.language = static_cast<std::int32_t>(kind);
   ZeMacroInfo macro = {};
   const auto mayBeMacro = [&](const char* path, std::span<const std::byte>* record) {
     macro = {};
     if (kind != ZE_LANGUAGE_PCLXL) macro.macroFlags = ZE_MACRO_FIX_UP_LIMIT | kMacroFlagBit4;
-    MacroRequest request = {};
-    request.destination.language = static_cast<std::int32_t>(kind);
-    request.value = value;
-    if (ValidateMacro(path, request.destination, &macro) != ZE_OK) return false;
+    if (ValidateMacro(path, destination, &macro) != ZE_OK) return false;
     *record = std::as_bytes(std::span(&macro, 1));
     return true;
   };

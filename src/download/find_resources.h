@@ -12,7 +12,6 @@ FoundFiles FindDemos(const char* folder, bool recurse, std::int16_t* count);
 
 // Lists the files of a folder that may be stored as macros of the language `kind`, each with the
 // record that its validation leaves.
-FoundFiles FindMacros(const char* folder, std::uint32_t kind, std::uint32_t value, bool recurse,
-                      std::int16_t* count);
+FoundFiles FindMacros(const char* folder, std::uint32_t kind, bool recurse, std::int16_t* count);
 
 }  // namespace zeapi

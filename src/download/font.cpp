@@ -8,12 +8,9 @@
 namespace zeapi {
 namespace {
 
-// A printer that takes both command sets gets both beginnings. False when a write failed.
+// False when a write failed.
 bool StartJob(GenQueContext* ctx) {
-  if (TakesBracketK(*ctx)) LanguageSelect(ctx);
-  if (QueueFailed(ctx)) return false;
-  PjlJobHeader(ctx, false);
-  if (QueueFailed(ctx)) return false;
+  if (!StartResourceJob(ctx)) return false;
   if (ctx->device != ZE_DEVICE_RAM) PjlResourceCommand(ZE_RESOURCE_TARGET_DEVICE, ctx);
   return !QueueFailed(ctx);
 }

@@ -34,9 +34,7 @@ inline constexpr std::array<std::uint8_t, 2> kEjectPage = {0xFF, 0x0C};
 inline constexpr char kOverlayComment[] = "%%%%Velquist Overlay: %s\n";
 inline constexpr char kProcedureStart[] = "serverdict begin 0 exitserver /%s {\n";
 inline constexpr char kProcedureEnd[] = "\n} def\n";
-inline constexpr char kExtensionOff[] =
-    "statusdict begin currentfilenameextend false setfilenameextend end\n";
-inline constexpr char kExtensionBack[] = "\nstatusdict begin setfilenameextend end ";
+inline constexpr char kDemoEnd[] = "\n%s ";  // with stored_file::kExtensionBack
 // Copies what follows into the file %device%name, up to a byte 01.
 inline constexpr char kFileWriter[] =
     "/writefile (%%%s%%%s) (w) file def\n"
@@ -49,10 +47,6 @@ inline constexpr char kUndefineShowPage[] = "\nuserdict /showpage undef ";
 inline constexpr char kShowPage[] = "\nshowpage ";
 
 // PJL.
-inline constexpr char kEnterPclXl[] = "@PJL ENTER LANGUAGE = PCLXL\n";
-inline constexpr char kTargetAndEnterPclXl[] =
-    "@PJL SET LDOWNLOADTARGET = %s\n"
-    "@PJL ENTER LANGUAGE = PCLXL\n";
 inline constexpr char kResourceDefault[] =
     "@PJL DEFAULT LRESOURCE:\"%s:%u.p5macro\" LDESCRIPTION = \"%s\"\n";
 

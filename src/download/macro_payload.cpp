@@ -1,9 +1,8 @@
 #include "download/macro_payload.h"
 
 #include "download/macro_commands.h"
+#include "download/resource_file.h"
 #include "files/file_utilities.h"
-#include "files/regular_file.h"
-#include "files/system_file.h"
 #include "output/pjl.h"
 #include "output/send_stream.h"
 #include "pclxl/macro_fixup.h"
@@ -15,8 +14,8 @@ namespace zeapi {
 bool Asks(const ZeMacroInfo& macro, std::uint32_t flag) { return (macro.macroFlags & flag) != 0; }
 
 Result OpenMacro(const char* macroFile, ZeMacroInfo* macro, MacroPayload* payload) {
-  if (!FilExists(macroFile)) return ZE_FILE_NOT_FOUND;
-  if (IsSystemFile(macroFile)) return ZE_BAD_FORMAT;
+  const Result checked = CheckResourceFile(macroFile);
+  if (checked != ZE_OK) return checked;
   payload->fixupOptions = ZE_FIXUP_DEFAULT;
   if (Asks(*macro, ZE_MACRO_FIX_UP_LIMIT)) {
     macro->macroFlags |= ZE_MACRO_FIX_UP;
@@ -25,8 +24,7 @@ Result OpenMacro(const char* macroFile, ZeMacroInfo* macro, MacroPayload* payloa
   payload->path = macroFile;
   payload->macro = macro;
   payload->name = ChooseStoredName(macro->macroName, macroFile);
-  payload->file.reset(OpenRegularFile(macroFile, "rb"));
-  return payload->file == nullptr ? ZE_OPEN_FAILED : ZE_OK;
+  return OpenResourceFile(macroFile, &payload->file);
 }
 
 Result OpenMacroQueue(const MacroPayload& payload, const char* printerName, GenQueContext* ctx) {

@@ -1,6 +1,7 @@
 #include "download/postscript_macro.h"
 
 #include "download/macro_commands.h"
+#include "download/stored_file_commands.h"
 #include "output/pjl.h"
 
 namespace zeapi {
@@ -18,17 +19,16 @@ bool Write(GenQueContext* ctx, const char* text) {
 }
 
 bool WriteFileStart(const MacroPayload& payload, GenQueContext* ctx) {
-  if (IsDemo(payload) && !Write(ctx, macro::kExtensionOff)) return false;
-  char fileName[kNameField + sizeof(".demo")];
-  std::snprintf(fileName, sizeof(fileName), "%s%s", payload.name.text,
-                IsDemo(payload) ? ".demo" : "");
-  WriteCommand(ctx, macro::kFileWriter, DeviceName(payload.macro->macroDevice), fileName);
+  if (IsDemo(payload) && !Write(ctx, stored_file::kExtensionOff)) return false;
+  const StoredFileName name = StoredFileNameOf(payload.name, IsDemo(payload));
+  WriteCommand(ctx, macro::kFileWriter, DeviceName(payload.macro->macroDevice), name.text);
   return !QueueFailed(ctx);
 }
 
 bool WriteFileEnd(const MacroPayload& payload, GenQueContext* ctx) {
   if (!Write(ctx, macro::kFileEnd)) return false;
-  return !IsDemo(payload) || Write(ctx, macro::kExtensionBack);
+  if (IsDemo(payload)) WriteCommand(ctx, macro::kDemoEnd, stored_file::kExtensionBack);
+  return !QueueFailed(ctx);
 }
 
 }  // namespace

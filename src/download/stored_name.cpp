@@ -1,5 +1,6 @@
 #include "download/stored_name.h"
 
+#include <cstdio>
 #include <cstring>
 
 #include "base/text.h"
@@ -15,6 +16,12 @@ StoredName ChooseStoredName(const char (&field)[kNameField], const char* path) {
   StoredName name = {};
   std::memcpy(name.text, chosen, BoundedLength(chosen, kNameField - 1));
   return name;
+}
+
+StoredFileName StoredFileNameOf(const StoredName& name, bool demo) {
+  StoredFileName file;
+  std::snprintf(file.text, sizeof(file.text), "%s%s", name.text, demo ? kDemoExtension : "");
+  return file;
 }
 
 }  // namespace zeapi

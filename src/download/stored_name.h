@@ -17,4 +17,12 @@ struct StoredName {
 // of `path` in upper case. `path` has at most ZE_MAX_NAME characters.
 StoredName ChooseStoredName(const char (&field)[kNameField], const char* path);
 
+inline constexpr char kDemoExtension[] = ".demo";
+
+// The name of the file that a printer keeps a resource in.
+struct StoredFileName {
+  char text[kNameField + sizeof(kDemoExtension)];
+};
+StoredFileName StoredFileNameOf(const StoredName& name, bool demo);
+
 }  // namespace zeapi

@@ -1,8 +1,6 @@
 #include "base/stream.h"
 #include "download/macro.h"
-#include "files/file_utilities.h"
-#include "files/regular_file.h"
-#include "files/system_file.h"
+#include "download/resource_file.h"
 #include "output/plain_file_queue.h"
 #include "pclxl/macro_fixup.h"
 #include "pclxl/pcl_macro_check.h"
@@ -40,10 +38,11 @@ Result CheckPclMacro(const char* macroFile, std::FILE* file, const ZeMacroInfo& 
 }  // namespace
 
 Result ValidateMacro(const char* macroFile, const ZeDestination& destination, ZeMacroInfo* macro) {
-  if (!FilExists(macroFile)) return ZE_FILE_NOT_FOUND;
-  if (IsSystemFile(macroFile)) return ZE_BAD_FORMAT;
-  const Stream file(OpenRegularFile(macroFile, "rb"));
-  if (file == nullptr) return ZE_OPEN_FAILED;
+  const Result checked = CheckResourceFile(macroFile);
+  if (checked != ZE_OK) return checked;
+  Stream file;
+  const Result opened = OpenResourceFile(macroFile, &file);
+  if (opened != ZE_OK) return opened;
   if (destination.language == ZE_LANGUAGE_PCLXL) {
     const bool fixesUp = (macro->macroFlags & ZE_MACRO_FIX_UP) != 0;
     if (fixesUp && IsStreamWorkFile(macroFile)) return ZE_OPEN_FAILED;

@@ -11,7 +11,9 @@ constexpr std::uint32_t kLink = 1024;
 }  // namespace
 
 FolderListing::FolderListing(std::string_view folder)
-    : path_(WithSeparator(folder)), rootLength_(path_.size()), search_((path_ + "*.*").c_str()) {}
+    : path_(EndedBySeparator(folder)),
+      rootLength_(path_.size()),
+      search_((path_ + "*.*").c_str()) {}
 
 bool FolderListing::Next() {
   do {
@@ -25,11 +27,5 @@ bool FolderListing::Next() {
 bool FolderListing::IsFolder() const { return (entry_.attributes & kDirectory) != 0; }
 
 bool FolderListing::IsLink() const { return (entry_.attributes & kLink) != 0; }
-
-std::string WithSeparator(std::string_view folder) {
-  std::string text(folder);
-  if (folder.empty() || !IsSeparator(folder.back())) text += '\\';
-  return text;
-}
 
 }  // namespace zeapi

@@ -34,7 +34,4 @@ class FolderListing {
   platform::FoundEntry entry_;
 };
 
-// The folder with the separator that it may lack.
-std::string WithSeparator(std::string_view folder);
-
 }  // namespace zeapi

@@ -20,7 +20,13 @@ std::size_t FileNameOffset(std::string_view path) {
   return last == std::string_view::npos ? 0 : last + 1;
 }
 
-std::string WithBackslash(std::string_view folder) {
+std::string EndedBySeparator(std::string_view folder) {
+  std::string text(folder);
+  if (folder.empty() || !IsSeparator(folder.back())) text += '\\';
+  return text;
+}
+
+std::string EndedByBackslash(std::string_view folder) {
   std::string text(folder);
   if (!folder.ends_with('\\')) text += '\\';
   return text;

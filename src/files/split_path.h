@@ -20,7 +20,10 @@ PathParts SplitPath(std::string_view path);
 // Offset of the file name in a path: what follows the last separator or colon.
 std::size_t FileNameOffset(std::string_view path);
 
-// The folder with the "\" that it may lack at its end. A "/" there does not do: callers see the path.
-std::string WithBackslash(std::string_view folder);
+// The folder with a "\" at its end, unless it ends in a separator of either kind.
+std::string EndedBySeparator(std::string_view folder);
+
+// Like EndedBySeparator, but a "/" does not do: callers see the path.
+std::string EndedByBackslash(std::string_view folder);
 
 }  // namespace zeapi

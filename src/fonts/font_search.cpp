@@ -75,7 +75,7 @@ class FolderSearch {
 
 bool FolderSearch::ReadGlue() {
   if (!search_->filter.ReadsGlue()) return true;
-  GlueFile file((WithSeparator(folder_) + "GLUE.TXT").c_str());
+  GlueFile file((EndedBySeparator(folder_) + "GLUE.TXT").c_str());
   for (GlueEntry entry; file.Next(&entry);) {
     if (!Visit(entry.fontFile, &entry)) return false;
   }

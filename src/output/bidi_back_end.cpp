@@ -23,7 +23,8 @@ using BceWriteFn = std::uint32_t(ZEAPI_CALL*)(std::uint32_t port, std::uint32_t 
 using BceGetPrtInfoFn = std::uint32_t(ZEAPI_CALL*)(std::uint32_t printer, void* info,
                                                    std::uint32_t);
 
-// Lives from the opening of a job to its closing; the contract shares it between all jobs.
+// Shared by all jobs, as programs that have two open at once know it: the first to close takes the DLL from the
+// other.
 struct BidiLibrary {
   platform::Module module = nullptr;
   BceOpenFn open = nullptr;

@@ -69,6 +69,13 @@ void PjlJobHeader(GenQueContext* ctx, bool withCopies) {
   }
 }
 
+bool StartResourceJob(GenQueContext* ctx) {
+  if (TakesBracketK(*ctx)) LanguageSelect(ctx);
+  if (QueueFailed(ctx)) return false;
+  PjlJobHeader(ctx, false);
+  return !QueueFailed(ctx);
+}
+
 void PjlJobTrailer(GenQueContext* ctx, bool withReset) {
   if (!TakesPjl(*ctx)) return;
   WriteUniversalExit(ctx);

@@ -36,6 +36,10 @@ const char* DeviceName(std::int32_t device);
 // also the copies command, which follows the switch on purpose.
 void PjlJobHeader(GenQueContext* ctx, bool withCopies);
 
+// How the download of a resource begins: language selection of bracket-K printers, then the header
+// without copies. A printer that takes both command sets gets both. False when a write failed.
+bool StartResourceJob(GenQueContext* ctx);
+
 // Trailer: universal exit, empty ready message, optionally a reset, universal exit.
 void PjlJobTrailer(GenQueContext* ctx, bool withReset);
 

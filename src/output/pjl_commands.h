@@ -10,6 +10,10 @@ namespace zeapi::pjl {
 inline constexpr char kUniversalExit[] = "\x1B%-12345X";
 inline constexpr char kReadyMessage[] = "@PJL RDYMSG DISPLAY = \"%-.20s\"\n";
 inline constexpr char kEnterLanguage[] = "@PJL ENTER LANGUAGE = %s\n";
+// One write, hence one text.
+inline constexpr char kTargetAndEnterLanguage[] =
+    "@PJL SET LDOWNLOADTARGET = %s\n"
+    "@PJL ENTER LANGUAGE = %s\n";
 inline constexpr char kSetNumber[] = "@PJL SET %s = %i\n";
 inline constexpr char kSetWord[] = "@PJL SET %s = %s\n";
 inline constexpr char kReset[] = "@PJL RESET\n";
@@ -30,6 +34,9 @@ inline constexpr std::array<const char*, 7> kDeviceTable = {"",      "ram",   "f
 // PJL names of the languages, by ZE_LANGUAGE_...; null: the job does not switch.
 inline constexpr std::array<const char*, 7> kLanguageNames = {
     nullptr, nullptr, "PPDS", "POSTSCRIPT", "GL", "PCL", "PCL"};
+
+// PCL XL by its own name: where a job enters it without being in PCL.
+inline constexpr char kPclXl[] = "PCLXL";
 
 using BracketKShort = std::array<std::uint8_t, 6>;
 using BracketK = std::array<std::uint8_t, 8>;

@@ -10,7 +10,7 @@ constexpr std::size_t kBlock = 2048;
 
 }  // namespace
 
-Result SendStream(std::FILE* file, GenQueContext* ctx, int encoding) {
+Result SendStream(std::FILE* file, GenQueContext* ctx, StreamEncoding encoding) {
   const CHeapPtr<std::uint8_t[]> block = CHeapBytes<std::uint8_t>(kBlock);
   if (block == nullptr) return ZE_OUT_OF_MEMORY;
   if (encoding != kRawBytes && encoding != kHexadecimal) return ZE_UNSUPPORTED;

@@ -5,7 +5,7 @@
 
 namespace zeapi::filter {
 
-Result ByteReader::Open(std::FILE* source) {
+Result PushBackReader::Open(std::FILE* source) {
   if (source == nullptr) return ZE_INVALID_ARGUMENT;
   block_ = CHeapBytes<std::uint8_t>(kBlockSize);
   pushedBack_ = CHeapBytes<std::uint8_t>(kPushBackSize);
@@ -18,7 +18,7 @@ Result ByteReader::Open(std::FILE* source) {
   return ZE_OK;
 }
 
-void ByteReader::Close() {
+void PushBackReader::Close() {
   block_.reset();
   pushedBack_.reset();
   source_ = nullptr;
@@ -28,7 +28,7 @@ void ByteReader::Close() {
 
 // A stream that reads nothing without having come to its end has failed, even one that does not
 // say so.
-bool ByteReader::Refill() {
+bool PushBackReader::Refill() {
   position_ = 0;
   fill_ = source_ == nullptr ? 0 : std::fread(block_.get(), 1, kBlockSize, source_);
   if (fill_ == kBlockSize) return true;
@@ -39,7 +39,7 @@ bool ByteReader::Refill() {
   return !atEnd_;
 }
 
-bool ByteReader::PushBack(std::span<const std::uint8_t> bytes) {
+bool PushBackReader::PushBack(std::span<const std::uint8_t> bytes) {
   if (pushedBack_ == nullptr || bytes.size() > kPushBackSize - depth_) return false;
   depth_ += bytes.size();
   std::reverse_copy(bytes.begin(), bytes.end(), pushedBack_.get() + (depth_ - bytes.size()));
@@ -47,29 +47,29 @@ bool ByteReader::PushBack(std::span<const std::uint8_t> bytes) {
   return true;
 }
 
-std::span<const std::uint8_t> ByteReader::AtHand() {
+std::span<const std::uint8_t> PushBackReader::AtHand() {
   if (depth_ != 0 || (position_ == fill_ && !Refill())) return {};
   return {block_.get() + position_, fill_ - position_};
 }
 
-Result ByteWriter::Open(BlockSink* sink) {
+Result BlockWriter::Open(FilterSink* sink) {
   block_ = CHeapBytes<std::uint8_t>(kBlockSize);
   sink_ = sink;
   return block_ == nullptr ? ZE_OUT_OF_MEMORY : ZE_OK;
 }
 
-void ByteWriter::Close() {
+void BlockWriter::Close() {
   if (fill_ != 0) Flush();
   block_.reset();
 }
 
-void ByteWriter::Flush() {
+void BlockWriter::Flush() {
   sink_->Take({block_.get(), fill_});
   fill_ = 0;
 }
 
 // Whole blocks go straight from the caller's bytes.
-void ByteWriter::Write(std::span<const std::uint8_t> bytes) {
+void BlockWriter::Write(std::span<const std::uint8_t> bytes) {
   while (!bytes.empty()) {
     if (fill_ == 0 && bytes.size() >= kBlockSize) {
       sink_->Take(bytes.first(kBlockSize));

@@ -1,6 +1,5 @@
 // What the byte filters of this folder read and write through: single bytes out of an open file,
-// with bytes given back, and single bytes into the output queue, in blocks. Not to be confused with
-// the cursor over bytes in memory of base/byte_reader.h.
+// with bytes given back, and single bytes into the output queue, in blocks.
 #pragma once
 
 #include <cstddef>
@@ -17,7 +16,7 @@ namespace zeapi::filter {
 inline constexpr std::size_t kBlockSize = 1024;
 
 // Bytes of an open file, from its current position on.
-class ByteReader {
+class PushBackReader {
  public:
   // Bytes that can be given back beyond what was read since: what the longest look-ahead of a
   // filter holds.
@@ -66,14 +65,14 @@ class ByteReader {
 };
 
 // Where a writer's blocks go.
-class BlockSink {
+class FilterSink {
  public:
-  virtual ~BlockSink() = default;
+  virtual ~FilterSink() = default;
   virtual void Take(std::span<const std::uint8_t> block) = 0;
 };
 
 // The output queue as a sink. A failed write shows in the context's `error`.
-class QueueSink final : public BlockSink {
+class QueueSink final : public FilterSink {
  public:
   explicit QueueSink(GenQueContext* ctx) : ctx_(ctx) {}
   void Take(std::span<const std::uint8_t> block) override {
@@ -85,10 +84,10 @@ class QueueSink final : public BlockSink {
 };
 
 // Hands bytes on in blocks of kBlockSize, the rest when it is closed.
-class ByteWriter {
+class BlockWriter {
  public:
   // Takes the buffer. Returns 0 or 11.
-  Result Open(BlockSink* sink);
+  Result Open(FilterSink* sink);
 
   // Writes what is left and frees the buffer.
   void Close();
@@ -102,7 +101,7 @@ class ByteWriter {
  private:
   void Flush();
 
-  BlockSink* sink_ = nullptr;
+  FilterSink* sink_ = nullptr;
   CHeapPtr<std::uint8_t[]> block_;
   std::size_t fill_ = 0;
 };

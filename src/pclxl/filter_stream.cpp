@@ -4,7 +4,7 @@
 
 namespace zeapi::filter {
 
-Result FilterStream::Open(std::FILE* source, BlockSink* sink) {
+Result FilterStream::Open(std::FILE* source, FilterSink* sink) {
   std::rewind(source);
   source_ = source;
   block_ = CHeapBytes<std::uint8_t>(kLookAhead + kBlockSize);

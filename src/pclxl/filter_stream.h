@@ -34,7 +34,7 @@ class FilterStream {
   static constexpr std::size_t kLookAhead = 248;
 
   // Starts at the beginning of the file, which stays the caller's. Returns 0 or 11.
-  Result Open(std::FILE* source, BlockSink* sink);
+  Result Open(std::FILE* source, FilterSink* sink);
 
   // Writes what is left. Returns 0, or 6 when the input ended because it could not be read.
   Result Close();
@@ -84,7 +84,7 @@ class FilterStream {
   std::size_t end_ = 0;
   bool ended_ = false;
   bool failed_ = false;
-  ByteWriter writer_;
+  BlockWriter writer_;
 };
 
 }  // namespace zeapi::filter

@@ -14,7 +14,7 @@ constexpr std::string_view kAfterAt = "PJL";
 // Bytes that were read to look ahead.
 class LookAhead {
  public:
-  explicit LookAhead(filter::ByteReader* reader) : reader_(reader) {}
+  explicit LookAhead(filter::PushBackReader* reader) : reader_(reader) {}
 
   // Reads up to `count` more bytes, fewer at the end of the input.
   void Read(std::size_t count) {
@@ -29,14 +29,14 @@ class LookAhead {
   std::string_view text() const { return {reinterpret_cast<const char*>(bytes_.data()), size_}; }
 
  private:
-  filter::ByteReader* reader_;
+  filter::PushBackReader* reader_;
   std::array<std::uint8_t, 8> bytes_ = {};
   std::size_t size_ = 0;
 };
 
 // Looks at what follows an escape. True for a universal exit, which is then read; otherwise nothing
 // is.
-bool TakeUniversalExit(filter::ByteReader* reader) {
+bool TakeUniversalExit(filter::PushBackReader* reader) {
   LookAhead ahead(reader);
   ahead.Read(1);
   if (ahead.text() == "%") {
@@ -48,7 +48,7 @@ bool TakeUniversalExit(filter::ByteReader* reader) {
 }
 
 // Looks at what follows an "@". True for a line of job control, which is then read.
-bool TakePjlLine(filter::ByteReader* reader) {
+bool TakePjlLine(filter::PushBackReader* reader) {
   LookAhead ahead(reader);
   ahead.Read(kAfterAt.size());
   if (ahead.text() != kAfterAt) {
@@ -79,7 +79,7 @@ std::size_t CountBefore(std::uint8_t start, std::uint8_t next,
 }
 
 // Copies what is at hand up to the next byte that may begin job control.
-void CopyPlainBytes(filter::ByteReader* reader, filter::ByteWriter* writer) {
+void CopyPlainBytes(filter::PushBackReader* reader, filter::BlockWriter* writer) {
   const std::span<const std::uint8_t> bytes = reader->AtHand();
   std::size_t count = CountBefore('@', 'P', bytes);
   count = CountBefore(kEscape, '%', bytes.first(count));
@@ -88,7 +88,7 @@ void CopyPlainBytes(filter::ByteReader* reader, filter::ByteWriter* writer) {
   reader->Skip(plain.size());
 }
 
-void SkipPrefix(filter::ByteReader* reader) {
+void SkipPrefix(filter::PushBackReader* reader) {
   LookAhead first(reader);
   first.Read(1);
   if (first.text() == std::string_view("\0", 1)) {
@@ -100,7 +100,7 @@ void SkipPrefix(filter::ByteReader* reader) {
 
 }  // namespace
 
-void StripJobControl(filter::ByteReader* reader, filter::ByteWriter* writer) {
+void StripJobControl(filter::PushBackReader* reader, filter::BlockWriter* writer) {
   SkipPrefix(reader);
   while (!reader->AtEnd()) {
     CopyPlainBytes(reader, writer);

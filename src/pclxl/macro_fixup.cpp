@@ -18,7 +18,7 @@ bool DropBracketKBlock(FilterStream* stream) {
 }  // namespace filter
 
 Result FilterMacro(std::FILE* file, std::int32_t language, std::uint32_t options,
-                   const char* overlayHeader, filter::BlockSink* sink) {
+                   const char* overlayHeader, filter::FilterSink* sink) {
   filter::FilterStream stream;
   const Result opened = stream.Open(file, sink);
   if (opened != ZE_OK) return opened;

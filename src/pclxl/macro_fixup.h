@@ -20,6 +20,6 @@ Result MacroFixupSend(std::FILE* file, GenQueContext* ctx, std::uint32_t options
 
 // Like MacroFixupSend, for a language and a sink of any kind. Returns 0, 6 or 11.
 Result FilterMacro(std::FILE* file, std::int32_t language, std::uint32_t options,
-                   const char* overlayHeader, filter::BlockSink* sink);
+                   const char* overlayHeader, filter::FilterSink* sink);
 
 }  // namespace zeapi

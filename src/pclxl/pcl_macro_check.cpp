@@ -110,7 +110,7 @@ class PclMacroCheck {
     return true;
   }
 
-  ByteReader reader_;
+  PushBackReader reader_;
   const ParameterLists lists_{0};
   bool inGraphics_ = false;
 };

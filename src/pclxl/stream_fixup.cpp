@@ -17,14 +17,14 @@ constexpr LogEvent kEntered{1, "Entered StreamFixupSend"};
 
 // Makes "in.str" out of the source. Returns 0, 1, 3, 11, or 46 when either file failed.
 Result WriteInput(std::FILE* source) {
-  filter::ByteReader reader;
+  filter::PushBackReader reader;
   Result result = reader.Open(source);
   if (result != ZE_OK) return result;
   PlainFileQueue input;
   result = input.Open(kXlInputFile);
   if (result != ZE_OK) return result;
   filter::QueueSink sink(input.context());
-  filter::ByteWriter writer;
+  filter::BlockWriter writer;
   result = writer.Open(&sink);
   if (result != ZE_OK) return result;
 

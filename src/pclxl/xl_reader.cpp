@@ -83,7 +83,7 @@ XlAttribute* CurrentEntry(XlReaderState* state) {
 XlResult ReadValue(std::uint8_t type, XlReaderState* state) {
   XlAttribute* const entry = CurrentEntry(state);
   entry->Clear();
-  const std::size_t size = std::size_t{XlElementCount(type)} * XlElementWidth(type);
+  const std::size_t size = kXlBytes[type].size - std::size_t{1};
   if (state->input->Read(std::span(entry->value).first(size)) < size) return kXlEnd;
   entry->type = type;
   return kXlOk;

@@ -13,14 +13,22 @@ namespace {
 
 class RecordReaderTest : public ScratchTest {
  protected:
-  // Reads a record of one field; its bytes are in `bytes`.
+  // Reads a record of one field; its bytes are in `bytes`. Without keeping it the result is the same.
   ZeDatReading Read(std::int32_t type, std::int32_t size, std::string_view text) {
     WriteFile("file", text);
-    const Stream stream(platform::OpenStream("file", "r"));
-    TextCursor cursor(stream.get());
-    const ZeDatField fields[] = {{"field", type, size, ""}};
+    bytes.clear();
+    const ZeDatReading unkept = ReadInto(type, size);
     bytes.assign(static_cast<std::size_t>(size), '#');
-    return DatReadRecord(&cursor, fields,
+    const ZeDatReading kept = ReadInto(type, size);
+    EXPECT_EQ(unkept, kept);
+    return kept;
+  }
+
+  ZeDatReading ReadInto(std::int32_t type, std::int32_t size) {
+    const Stream stream(platform::OpenStream("file", "r"));
+    TextSource source(stream.get());
+    const ZeDatField fields[] = {{"field", type, size, ""}};
+    return DatReadRecord(&source, fields,
                          {reinterpret_cast<std::uint8_t*>(bytes.data()), bytes.size()});
   }
 
@@ -73,6 +81,20 @@ TEST_F(RecordReaderTest, NumbersOfSingleAndDoublePrecision) {
     EXPECT_EQ(Read(type, 8, "1e100\n"), kDatRecord);
     EXPECT_EQ(Read(type, 2, "1\n"), kDatBadFormat);
   }
+}
+
+TEST_F(RecordReaderTest, NumbersAreCheckedWhetherOrNotTheyAreKept) {
+  for (const char* good : {"0", "-0", "5.", "-.5", "123456789012345", "1234567890123456",
+                           "-12345678901234.5", "+1", "1e5", "000000000000000000000001"}) {
+    EXPECT_EQ(Read(4, 8, good + std::string("\n")), kDatRecord) << good;
+  }
+  for (const char* bad : {"-", ".", "-.", "1.2.3", "--1", "+-1", "1-", "1 ", "1x", "x", "1e999",
+                          "1\"", "0000000000000000000000001"}) {
+    EXPECT_EQ(Read(4, 8, bad + std::string("\n")), kDatBadFormat) << bad;
+  }
+  EXPECT_EQ(Read(4, 8, "1"), kDatBadFormat);
+  EXPECT_EQ(Read(4, 9, "1\n"), kDatBadFormat);
+  EXPECT_EQ(Read(1, 9, "1\n"), kDatBadFormat);
 }
 
 TEST_F(RecordReaderTest, UnknownTypeIsNotInTheFileAndHoldsZeros) {

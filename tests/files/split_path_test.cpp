@@ -49,12 +49,20 @@ TEST(FileNameOffset, FollowsTheLastSeparatorOrColon) {
   EXPECT_EQ(FileNameOffset(""), 0U);
 }
 
-TEST(WithBackslash, AddsTheOneThatIsMissing) {
-  EXPECT_EQ(WithBackslash("dir"), "dir\\");
-  EXPECT_EQ(WithBackslash("dir\\"), "dir\\");
-  EXPECT_EQ(WithBackslash("dir/"), "dir/\\");
-  EXPECT_EQ(WithBackslash("c:"), "c:\\");
-  EXPECT_EQ(WithBackslash(""), "\\");
+TEST(EndedBySeparator, AddsABackslashWhereThereIsNoSeparator) {
+  EXPECT_EQ(EndedBySeparator("dir"), "dir\\");
+  EXPECT_EQ(EndedBySeparator("dir\\"), "dir\\");
+  EXPECT_EQ(EndedBySeparator("dir/"), "dir/");
+  EXPECT_EQ(EndedBySeparator("c:"), "c:\\");
+  EXPECT_EQ(EndedBySeparator(""), "\\");
+}
+
+TEST(EndedByBackslash, AddsTheOneThatIsMissing) {
+  EXPECT_EQ(EndedByBackslash("dir"), "dir\\");
+  EXPECT_EQ(EndedByBackslash("dir\\"), "dir\\");
+  EXPECT_EQ(EndedByBackslash("dir/"), "dir/\\");
+  EXPECT_EQ(EndedByBackslash("c:"), "c:\\");
+  EXPECT_EQ(EndedByBackslash(""), "\\");
 }
 
 }  // namespace

@@ -28,7 +28,7 @@ class SendStreamTest : public JobTest {
     const Stream file(platform::OpenStream(path, mode));
     EXPECT_NE(file, nullptr);
     EXPECT_EQ(GenQueOpen(kOutput, &ctx), ZE_OK);
-    const Result result = SendStream(file.get(), &ctx, encoding);
+    const Result result = SendStream(file.get(), &ctx, static_cast<StreamEncoding>(encoding));
     position = std::ftell(file.get());
     GenQueClose(&ctx);
     return result;

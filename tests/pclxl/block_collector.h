@@ -10,7 +10,7 @@
 namespace zeapi::testing {
 
 // Remembers what it was given, block by block.
-class BlockCollector final : public filter::BlockSink {
+class BlockCollector final : public filter::FilterSink {
  public:
   void Take(std::span<const std::uint8_t> block) override {
     bytes.append(block.begin(), block.end());

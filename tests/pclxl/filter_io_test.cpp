@@ -46,7 +46,7 @@ class FilterReaderTest : public ScratchTest {
   }
 
   Stream file;
-  filter::ByteReader reader;
+  filter::PushBackReader reader;
 };
 
 TEST_F(FilterReaderTest, NoFileIsAnInvalidArgument) {
@@ -108,11 +108,11 @@ TEST_F(FilterReaderTest, GivingNothingBackKeepsTheEnd) {
 
 TEST_F(FilterReaderTest, TakesAsMuchBackAsTheLongestLookAheadAndRefusesMore) {
   OpenOn("end");
-  const std::string bytes = Pattern(filter::ByteReader::kPushBackSize);
+  const std::string bytes = Pattern(filter::PushBackReader::kPushBackSize);
   EXPECT_TRUE(reader.PushBack(AsBytes(bytes)));
   EXPECT_FALSE(reader.PushBack('!'));
   EXPECT_BYTES(Rest(), bytes + "end");
-  EXPECT_FALSE(reader.PushBack(AsBytes(Pattern(filter::ByteReader::kPushBackSize + 1))));
+  EXPECT_FALSE(reader.PushBack(AsBytes(Pattern(filter::PushBackReader::kPushBackSize + 1))));
   EXPECT_TRUE(reader.AtEnd());
 }
 
@@ -167,7 +167,7 @@ class FilterWriterTest : public JobTest {
   }
 
   BlockCollector sink;
-  filter::ByteWriter writer;
+  filter::BlockWriter writer;
 };
 
 TEST_F(FilterWriterTest, NothingWrittenHandsNothingOn) {
@@ -196,7 +196,7 @@ TEST_F(FilterWriterTest, ManyBytesAtOnceMakeTheSameBlocks) {
   for (const std::size_t first : {0U, 1U, 500U, 1023U, 1024U}) {
     for (const std::size_t more : {0U, 1U, 524U, 1023U, 1024U, 1025U, 3000U}) {
       BlockCollector blocks;
-      filter::ByteWriter other;
+      filter::BlockWriter other;
       ASSERT_EQ(other.Open(&blocks), ZE_OK);
       const std::string bytes = Pattern(first + more);
       for (std::size_t i = 0; i < first; ++i) other.Write(static_cast<std::uint8_t>(bytes[i]));
@@ -216,7 +216,7 @@ TEST_F(FilterWriterTest, QueueGetsOneWriteABlock) {
   ctx.destination = &destination;
   ASSERT_EQ(GenQueOpen(kOutput, &ctx), ZE_OK);
   filter::QueueSink queue(&ctx);
-  filter::ByteWriter other;
+  filter::BlockWriter other;
   ASSERT_EQ(other.Open(&queue), ZE_OK);
   other.Write(AsBytes(Pattern(1500)));
   other.Close();
@@ -233,7 +233,7 @@ TEST_F(FilterWriterTest, FailedWriteShowsInTheQueue) {
   ctx.destination = &destination;
   ASSERT_EQ(GenQueOpen(kOutput, &ctx), ZE_OK);
   filter::QueueSink queue(&ctx);
-  filter::ByteWriter other;
+  filter::BlockWriter other;
   ASSERT_EQ(other.Open(&queue), ZE_OK);
   other.Write(AsBytes(Pattern(1024)));
   EXPECT_EQ(ctx.error, ZE_PRINTER_WRITE_FAILED);

@@ -14,10 +14,10 @@ class JobControlTest : public ScratchTest {
   static std::string Strip(std::string_view job) {
     WriteFile("job", job);
     const Stream file(platform::OpenStream("job", "rb"));
-    filter::ByteReader reader;
+    filter::PushBackReader reader;
     EXPECT_EQ(reader.Open(file.get()), ZE_OK);
     BlockCollector sink;
-    filter::ByteWriter writer;
+    filter::BlockWriter writer;
     EXPECT_EQ(writer.Open(&sink), ZE_OK);
     StripJobControl(&reader, &writer);
     writer.Close();
