@@ -10,6 +10,7 @@ namespace zeapi {
 Result GenQueOpen(const char* name, GenQueContext* ctx) {
   queue_log::Write(queue_log::kOpenEnter);
   ctx->error = ZE_OK;
+  ctx->spare = 0;
   ctx->file = nullptr;
   ctx->backEnd = QueueBackEnd::kClosed;
 

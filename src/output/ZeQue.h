@@ -23,9 +23,11 @@ const char* StreamMode(std::int32_t fileMode);
 struct GenQueContext {
   const ZeDestination* destination = nullptr;
   std::int32_t fileMode = kReplaceFile;
-  std::FILE* file = nullptr;            // output of the file back end
-  std::int32_t device = 0;              // storage device that resource commands name: ZE_DEVICE_...
-  Result error = ZE_OK;                 // first failed write: 7 file, 14 spooler or DLL
+  std::FILE* file = nullptr;  // output of the file back end
+  std::uint32_t spare = 0;    // cleared by GenQueOpen, not used
+  std::int32_t device = 0;    // storage device that resource commands name: ZE_DEVICE_...
+  Result error = ZE_OK;       // first failed write: 7 file, 14 spooler or DLL
+  std::uint32_t unused[2] = {0, 0};
   platform::SpoolerHandle printer = 0;  // of the spooler back end
   QueueBackEnd backEnd = QueueBackEnd::kClosed;
 };

@@ -81,8 +81,10 @@ TEST_F(QueueTest, BidiHandleSelectsTheDllAndNothingElseIsTried) {
 
 TEST_F(QueueTest, OpeningClearsWhatAnEarlierJobLeft) {
   ctx.error = ZE_WRITE_FAILED;
+  ctx.spare = 5;
   ASSERT_EQ(GenQueOpen(kOutput, &ctx), ZE_OK);
   EXPECT_EQ(ctx.error, ZE_OK);
+  EXPECT_EQ(ctx.spare, 0U);
   GenQueClose(&ctx);
 }
 
