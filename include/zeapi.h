@@ -1333,7 +1333,8 @@ ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeWebGetCGIURL(uint32_t family, uint32_t model,
  * The fixup of a PCL XL file makes the work files `in.str`, `temp.str` and `out.str` anew in the
  * current directory and leaves them there. With ZE_MACRO_FIX_UP and PCL XL neither these nor the
  * `fixup.str` of ZeMacValidate() may be the macro file or the file that stands for a printer:
- * ZE_OPEN_FAILED, for the latter after it was opened and so emptied.
+ * ZE_OPEN_FAILED, for the former before anything is opened for the job, for the latter after it
+ * was opened and so emptied.
  * @param macroFile    must not be the text of `printerName`, whatever its case.
  * @param printerName  printer or path, at most ZE_MAX_NAME characters.
  * @param destination  `language` 1 to 6; `resourceId` is the macro's ID, in any range.
@@ -1352,7 +1353,7 @@ ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeMacCreate(const char* macroFile, const char* 
  * Sends a macro file as a complete job: for one page (ZE_MACRO_PRINT_ONCE), to be stored
  * (ZE_MACRO_STORE), or as it is (ZE_MACRO_RAW). A PostScript file is stored as a procedure in
  * working memory, as a file on a device. The fixup of a PCL XL file makes the work files of
- * ZeMacCreate(), which are refused in the same way.
+ * ZeMacCreate(), which are refused in the same way. ZE_MACRO_RAW fixes nothing up and refuses none.
  * @param macroFile    as of ZeMacCreate().
  * @param printerName  printer or path, at most ZE_MAX_NAME characters.
  * @param destination  `language` 1 to 6; `resourceId` below 32768 unless `mode` is ZE_MACRO_RAW.
@@ -1396,7 +1397,7 @@ ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeMacDelete(const char* printerName,
  * PCL XL: without ZE_MACRO_FIX_UP the file has to be a stored-stream file; none is recognised, so
  * the result is ZE_FIXUP_FAILED or, for a file shorter than its header of 17 bytes, ZE_READ_FAILED. With it the
  * fixed-up stream is written to `fixup.str` in the current directory, by way of the work files
- * of ZeMacCreate(). None of the four may be the file: ZE_OPEN_FAILED.
+ * of ZeMacCreate(); then none of the four may be the file: ZE_OPEN_FAILED.
  *
  * Any other language: the PCL fixup of the file is written to `fixup.mac` in the current directory,
  * with the options `fixupLimit` when ZE_MACRO_FIX_UP_LIMIT is set and ZE_FIXUP_DEFAULT otherwise.

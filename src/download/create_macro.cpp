@@ -29,7 +29,7 @@ Result SendDefinition(const MacroPayload& payload, GenQueContext* ctx) {
 Result CreateMacro(const char* macroFile, const char* printerName, const ZeDestination& destination,
                    ZeMacroInfo* macro) {
   MacroPayload payload;
-  const Result openedFile = OpenMacro(macroFile, macro, &payload);
+  const Result openedFile = OpenMacro(macroFile, destination, false, macro, &payload);
   if (openedFile != ZE_OK) return openedFile;
 
   GenQueContext ctx;

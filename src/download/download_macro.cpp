@@ -147,7 +147,8 @@ Result DownloadMacro(const char* macroFile, const char* printerName,
                      const ZeDestination& destination, ZeMacroInfo* macro, std::int32_t mode,
                      bool wrap) {
   MacroPayload payload;
-  const Result openedFile = OpenMacro(macroFile, macro, &payload);
+  const bool asItIs = mode == ZE_MACRO_RAW;
+  const Result openedFile = OpenMacro(macroFile, destination, asItIs, macro, &payload);
   if (openedFile != ZE_OK) return openedFile;
 
   GenQueContext ctx;

@@ -13,7 +13,8 @@ namespace zeapi {
 
 bool Asks(const ZeMacroInfo& macro, std::uint32_t flag) { return (macro.macroFlags & flag) != 0; }
 
-Result OpenMacro(const char* macroFile, ZeMacroInfo* macro, MacroPayload* payload) {
+Result OpenMacro(const char* macroFile, const ZeDestination& destination, bool asItIs,
+                 ZeMacroInfo* macro, MacroPayload* payload) {
   const Result checked = CheckResourceFile(macroFile);
   if (checked != ZE_OK) return checked;
   payload->fixupOptions = ZE_FIXUP_DEFAULT;
@@ -24,15 +25,17 @@ Result OpenMacro(const char* macroFile, ZeMacroInfo* macro, MacroPayload* payloa
   payload->path = macroFile;
   payload->macro = macro;
   payload->name = ChooseStoredName(macro->macroName, macroFile);
-  return OpenResourceFile(macroFile, &payload->file);
+  payload->makesWorkFiles =
+      !asItIs && Asks(*macro, ZE_MACRO_FIX_UP) && destination.language == ZE_LANGUAGE_PCLXL;
+  const Result opened = OpenResourceFile(macroFile, &payload->file);
+  if (opened != ZE_OK) return opened;
+  return payload->makesWorkFiles && IsStreamWorkFile(macroFile) ? ZE_OPEN_FAILED : ZE_OK;
 }
 
 Result OpenMacroQueue(const MacroPayload& payload, const char* printerName, GenQueContext* ctx) {
   const Result opened = GenQueOpen(printerName, ctx);
   if (opened != ZE_OK || ctx->backEnd != QueueBackEnd::kFile) return opened;
-  const bool makesWorkFiles =
-      Asks(*payload.macro, ZE_MACRO_FIX_UP) && ctx->destination->language == ZE_LANGUAGE_PCLXL;
-  if (!makesWorkFiles || !IsStreamWorkFile(printerName)) return ZE_OK;
+  if (!payload.makesWorkFiles || !IsStreamWorkFile(printerName)) return ZE_OK;
   GenQueClose(ctx);
   return ZE_OPEN_FAILED;
 }
@@ -61,10 +64,7 @@ Result SendMacroFile(const MacroPayload& payload, bool execute, const char* over
                      GenQueContext* ctx) {
   std::FILE* file = payload.file.get();
   if (!Asks(*payload.macro, ZE_MACRO_FIX_UP)) return SendStream(file, ctx, kRawBytes);
-  if (ctx->destination->language == ZE_LANGUAGE_PCLXL) {
-    if (IsStreamWorkFile(payload.path)) return ZE_OPEN_FAILED;
-    return StreamFixupSend(file, ctx, 0, payload.name.text, execute);
-  }
+  if (payload.makesWorkFiles) return StreamFixupSend(file, ctx, 0, payload.name.text, execute);
   return MacroFixupSend(file, ctx, payload.fixupOptions, overlayHeader);
 }
 

@@ -18,14 +18,17 @@ struct MacroPayload {
   const ZeMacroInfo* macro = nullptr;
   StoredName name = {};
   std::uint32_t fixupOptions = 0;  // ZE_FIXUP_... bits, used when the macro is to be fixed up
+  bool makesWorkFiles = false;     // the fixup of a PCL XL file does
 };
 
 // Whether the macro's record asks for something, ZE_MACRO_...
 bool Asks(const ZeMacroInfo& macro, std::uint32_t flag);
 
 // Opens the file and takes over what the record says; a record with a limit of its own for the
-// fixup is marked for fixup. Returns 0, 2, 27 or 3.
-Result OpenMacro(const char* macroFile, ZeMacroInfo* macro, MacroPayload* payload);
+// fixup is marked for fixup. `asItIs`: the job leaves the file as it is, whatever the record asks
+// for. Returns 0, 2, 27 or 3 (also for a file that its own fixup makes anew).
+Result OpenMacro(const char* macroFile, const ZeDestination& destination, bool asItIs,
+                 ZeMacroInfo* macro, MacroPayload* payload);
 
 // Opens the queue for the macro's job, but not on a file that its fixup makes anew. Returns 0, 3, 11
 // or 26; after a failure there is nothing to close.

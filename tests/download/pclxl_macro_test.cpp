@@ -25,6 +25,8 @@ class PclXlMacroTest : public MacroTest {
   static std::string Stream(const std::string& name, bool execute) {
     return xl::Stored(name, xl::Body(), execute);
   }
+
+  static constexpr const char* kWorkFiles[] = {"in.str", "temp.str", "out.str", "fixup.str"};
 };
 
 TEST_F(PclXlMacroTest, PrintedOnceTheStreamIsExecuted) {
@@ -84,16 +86,55 @@ TEST_F(PclXlMacroTest, CheckedWithFixupItLeavesTheStreamInAFile) {
 
 TEST_F(PclXlMacroTest, WorkFilesAreNoMacros) {
   const std::string job = ReadFile(kInput);
-  for (const char* name : {"in.str", "temp.str", "out.str", "fixup.str"}) {
+  for (const char* name : kWorkFiles) {
     WriteFile(name, job);
     EXPECT_EQ(ZeMacCreate(name, kOutput, &destination, &macro), ZE_OPEN_FAILED) << name;
+    for (const std::int32_t mode : {ZE_MACRO_PRINT_ONCE, ZE_MACRO_STORE}) {
+      EXPECT_EQ(ZeMacDownload(name, kOutput, &destination, &macro, mode, 0), ZE_OPEN_FAILED)
+          << name;
+    }
     EXPECT_EQ(ZeMacValidate(name, &destination, &macro), ZE_OPEN_FAILED) << name;
     EXPECT_BYTES(ReadFile(name), job);
+  }
+  EXPECT_TRUE(NothingSent());
+}
+
+TEST_F(PclXlMacroTest, WorkFileAsMacroLeavesTheOutputAsItIs) {
+  destination.flags = ZE_FLAG_PJL;
+  macro.macroFlags = ZE_MACRO_FIX_UP_LIMIT;
+  WriteFile("in.str", ReadFile(kInput));
+  WriteFile(kOutput, "an earlier job");
+  EXPECT_EQ(ZeMacCreate("in.str", kOutput, &destination, &macro), ZE_OPEN_FAILED);
+  EXPECT_EQ(ZeMacDownload("in.str", kOutput, &destination, &macro, ZE_MACRO_STORE, 0),
+            ZE_OPEN_FAILED);
+  EXPECT_BYTES(ReadFile(kOutput), "an earlier job");
+  EXPECT_EQ(macro.macroFlags, std::uint32_t{ZE_MACRO_FIX_UP_LIMIT | ZE_MACRO_FIX_UP});
+}
+
+TEST_F(PclXlMacroTest, WorkFilesAreRefusedAfterTheChecksOfTheFileAndBeforeTheQueue) {
+  EXPECT_EQ(ZeMacCreate("in.str", kOutput, &destination, &macro), ZE_FILE_NOT_FOUND);
+  WriteFile("in.str", "x");
+  destination.bidiHandle = 1;
+  EXPECT_EQ(ZeMacCreate("in.str", kOutput, &destination, &macro), ZE_OPEN_FAILED);
+  EXPECT_EQ(Create(), ZE_UNUSABLE);
+}
+
+TEST_F(PclXlMacroTest, SentRawWorkFilesAreMacrosAndPrinters) {
+  const std::string job = ReadFile(kInput);
+  for (const char* name : kWorkFiles) {
+    for (const std::uint32_t flags : {ZE_MACRO_FIX_UP, ZE_MACRO_FIX_UP_LIMIT}) {
+      macro.macroFlags = flags;
+      WriteFile(name, job);
+      EXPECT_EQ(ZeMacDownload(name, kOutput, &destination, &macro, ZE_MACRO_RAW, 0), ZE_OK) << name;
+      EXPECT_BYTES(ReadFile(kOutput), kTarget + (kEnter + job));
+      EXPECT_EQ(ZeMacDownload(kInput, name, &destination, &macro, ZE_MACRO_RAW, 0), ZE_OK) << name;
+      EXPECT_BYTES(ReadFile(name), kTarget + (kEnter + job));
+    }
   }
 }
 
 TEST_F(PclXlMacroTest, WorkFilesAreNoPrintersWithTheFixup) {
-  for (const char* name : {"in.str", "temp.str", "out.str", "fixup.str"}) {
+  for (const char* name : kWorkFiles) {
     EXPECT_EQ(ZeMacCreate(kInput, name, &destination, &macro), ZE_OPEN_FAILED) << name;
     EXPECT_EQ(ZeMacDownload(kInput, name, &destination, &macro, ZE_MACRO_PRINT_ONCE, 0),
               ZE_OPEN_FAILED)
