@@ -180,7 +180,8 @@ void AddCheck(CLI::App& family, Session& session) {
   const auto options = std::make_shared<MacroOptions>();
   CLI::App* command = session.AddCommand(
       family, "check", "Say whether a file may be stored as a macro",
-      "Writes the work file fixup.mac (PCL XL: fixup.str) in the current directory.\n"
+      "Writes the work file fixup.mac in the current directory; for PCL XL none, with\n"
+      "--fixup in.str, temp.str, out.str and fixup.str.\n"
       "JSON: \"file\". Exit code 27, PCL XL: 46: it may not.");
   AddFile(*command, *options);
   AddLanguage(*command, *options);
