@@ -237,6 +237,10 @@ TEST_F(PjlTest, ResourceCommandStopsAtItsChecks) {
   EXPECT_EQ(WithRefusedWrite(1, resource), std::pair(2, true));  // the exit goes out all the same
   EXPECT_EQ(WithRefusedWrite(2, resource), std::pair(2, true));
   EXPECT_EQ(WithRefusedWrite(3, resource), std::pair(4, false));  // both forms are written
+  const auto memory = [](GenQueContext* ctx) { PjlResourceCommand(1, ctx); };
+  EXPECT_EQ(WithRefusedWrite(0, memory), std::pair(3, false));
+  EXPECT_EQ(WithRefusedWrite(1, memory), std::pair(1, true));
+  EXPECT_EQ(WithRefusedWrite(2, memory), std::pair(3, false));  // both forms here too
   destination.flags = ZE_FLAG_BRACKET_K;
   EXPECT_EQ(WithRefusedWrite(1, resource), std::pair(1, false));  // no PJL: skips, does not close
 }
@@ -292,6 +296,17 @@ TEST_F(PjlTest, KeepsTheChannelForLaterJobsInTheSameLanguage) {
   EXPECT_BYTES(Language(), Bytes("\x1B[K\x03\0\x06\x33\x02"));
 }
 
+TEST_F(PjlTest, KeepsTheChannelOfEachLanguageByItself) {
+  destination.language = ZE_LANGUAGE_POSTSCRIPT;
+  destination.channel = '2';
+  EXPECT_BYTES(Language(), Bytes("\x1B[K\x03\0\x06\x32\x08"));
+  destination.language = ZE_LANGUAGE_PPDS;
+  destination.channel = 0;
+  EXPECT_BYTES(Language(), Bytes("\x1B[K\x03\0\x06\x31\x01"));
+  destination.language = ZE_LANGUAGE_POSTSCRIPT;
+  EXPECT_BYTES(Language(), Bytes("\x1B[K\x03\0\x06\x32\x08"));
+}
+
 TEST_F(PjlTest, ChannelStaysAsItIsWhenNoSequenceIsWritten) {
   destination.language = ZE_LANGUAGE_PCL;
   destination.channel = '5';
@@ -305,6 +320,23 @@ TEST_F(PjlTest, ChannelStaysAsItIsWhenNoSequenceIsWritten) {
   destination.language = ZE_LANGUAGE_PCL;
   destination.channel = 0;
   EXPECT_BYTES(Language(), Bytes("\x1B[K\x03\0\x06\x31\x02"));
+}
+
+TEST_F(PjlTest, ResourceJobOfBothSetsEndsWithARefusedLanguageSelection) {
+  destination.flags = ZE_FLAG_PJL | ZE_FLAG_BRACKET_K;
+  destination.language = ZE_LANGUAGE_PCL;
+  bool started = true;
+  Result error = ZE_OK;
+  const auto start = [&](GenQueContext* ctx) {
+    started = StartResourceJob(ctx);
+    error = ctx->error;
+  };
+  EXPECT_EQ(WithRefusedWrite(1, start), std::pair(1, true));  // no PJL header
+  EXPECT_FALSE(started);
+  EXPECT_EQ(error, ZE_PRINTER_WRITE_FAILED);
+  EXPECT_EQ(Spooler().calls.back(), "close");
+  EXPECT_EQ(WithRefusedWrite(0, start), std::pair(3, false));
+  EXPECT_TRUE(started);
 }
 
 TEST_F(PjlTest, FrameOfADownloadToADevice) {
