@@ -86,8 +86,7 @@ TEST_F(ActivateMacroTest, KeepsFailedWritesToItself) {
   Spooler().failingWrite = 1;
   EXPECT_EQ(Activate(1), ZE_OK);
   EXPECT_EQ(Spooler().calls.back(), "close");
-  ResetSpooler();
-  UsePrinter();
+  UseNewPrinter();
   Spooler().failingWrite = 1;
   EXPECT_EQ(Delete(), ZE_OK);
 }

@@ -191,8 +191,7 @@ TEST_F(CreateMacroTest, PclXlThatCannotBeFixedUpSendsNothing) {
 
 TEST_F(CreateMacroTest, RefusedWriteStopsTheJobThere) {
   for (int failing = 1; failing <= 3; ++failing) {
-    ResetSpooler();
-    UsePrinter();
+    UseNewPrinter();
     Spooler().failingWrite = failing;
     EXPECT_EQ(Create(), ZE_PRINTER_WRITE_FAILED);
     EXPECT_EQ(Spooler().writes, failing);

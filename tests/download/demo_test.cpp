@@ -276,6 +276,86 @@ TEST_F(DemoTest, RecordIsNotChanged) {
   EXPECT_EQ(std::memcmp(&before, &demo, sizeof(demo)), 0);
 }
 
+// --- Writes
+
+TEST_F(DemoTest, PostScriptFileGoesWithPrologueAndEpilogueInAWriteEach) {
+  WriteFile(kInput, std::string(1024, 'A') + "BC");
+  Name("demo1");
+  std::string block;
+  for (int i = 0; i < 1024; ++i) block += "41";
+  UsePrinter();
+  EXPECT_EQ(Send(), ZE_OK);
+  ExpectWrites(
+      {"statusdict begin currentfilenameextend false setfilenameextend end\n"
+       "/wf (%flash1%demo1.demo) (w) file def\n"
+       "/rf currentfile (ASCIIHexDecode) filter def\n"
+       "{ rf read\nnot { exit } if\nwf exch write } loop\n",
+       block, "4243", ">\nstatusdict begin setfilenameextend end\n"});
+}
+
+TEST_F(DemoTest, PjlFileGoesWithEachCommandInAWriteOfItsOwn) {
+  destination.flags = ZE_FLAG_PJL | ZE_FLAG_BRACKET_K;
+  destination.deviceClass = 2;
+  destination.jobName = "Demo";
+  destination.copies = 2;
+  demo.method = ZE_DEMO_PJL_FILE;
+  WriteFile(kInput, std::string(2049, 'd'));
+  Name("show");
+  UsePrinter();
+  EXPECT_EQ(Send(), ZE_OK);
+  ExpectWrites({Bytes("\x1B[K\x03\0\x06\x31\x02"),
+                "\x1B&l2X",
+                kUniversalExit,
+                "@PJL RDYMSG DISPLAY = \"Demo\"\n",
+                "@PJL ENTER LANGUAGE = PCL\n",
+                Bytes("\x1B[K\x01\0\x01"),
+                kUniversalExit,
+                "@PJL SET LDOWNLOADTARGET = flash1\n",
+                Bytes("\x1B[K\x03\0\x06\xC0\x31"),
+                kUniversalExit,
+                "@PJL LOPENFILE DEVICE=flash1 FILENAME=\"show.demo\" ACCESS=WO\n",
+                "@PJL LWRITEFILE DEVICE=flash1 FILENAME=\"show.demo\" START=0 \n",
+                std::string(2048, 'd'),
+                "d",
+                "@PJL END DATA\n",
+                "@PJL LCLOSEFILE DEVICE=flash1 FILENAME=\"show.demo\"\n",
+                kUniversalExit,
+                "@PJL SET LDOWNLOADTARGET = ram\n",
+                Bytes("\x1B[K\x03\0\x06\xC0\x32"),
+                kUniversalExit,
+                kClearDisplay,
+                kUniversalExit});
+}
+
+TEST_F(DemoTest, BracketDHeaderIsOneWrite) {
+  demo.method = ZE_DEMO_BRACKET_D;
+  UsePrinter();
+  EXPECT_EQ(Send(), ZE_OK);
+  ExpectWrites({Bytes("\x1B[D\0\0\0\0"
+                      "A.PCL\0\0\0\0\0\0\0"
+                      "\x00\x00\x00\x05"),
+                "DEMO!"});
+}
+
+TEST_F(DemoTest, PjlDemoFileGoesWithEachCommandInAWriteOfItsOwn) {
+  demo.method = ZE_DEMO_PJL_DEMO_FILE;
+  Name("show");
+  UsePrinter();
+  EXPECT_EQ(Send(), ZE_OK);
+  ExpectWrites({kUniversalExit, "@PJL LOPENDEMOFILE NAME=\"show\"\n", "DEMO!",
+                "\x1BM@PJL LCLOSEDEMOFILE\n"});
+}
+
+TEST_F(DemoTest, JobWithoutPayloadIsItsFrame) {
+  demo.method = ZE_DEMO_NOTHING;
+  destination.flags = ZE_FLAG_PJL;
+  destination.language = ZE_LANGUAGE_PPDS;
+  UsePrinter();
+  EXPECT_EQ(Send(), ZE_OK);
+  ExpectWrites({kUniversalExit, "@PJL ENTER LANGUAGE = PPDS\n", kUniversalExit, kClearDisplay,
+                kUniversalExit});
+}
+
 // --- Failures
 
 TEST_F(DemoTest, RefusedWriteOfEveryMethodStopsTheJobThere) {
@@ -284,20 +364,36 @@ TEST_F(DemoTest, RefusedWriteOfEveryMethodStopsTheJobThere) {
     destination.flags = flags;
     for (std::int32_t method = 1; method <= 4; ++method) {
       demo.method = method;
-      ResetSpooler();
-      UsePrinter();
+      UseNewPrinter();
       ASSERT_EQ(Send(), ZE_OK);
       const int writes = Spooler().writes;
       EXPECT_GE(writes, 3);
       for (int failing = 1; failing <= writes; ++failing) {
-        ResetSpooler();
-        UsePrinter();
+        UseNewPrinter();
         Spooler().failingWrite = failing;
         EXPECT_EQ(Send(), ZE_PRINTER_WRITE_FAILED) << method << " " << failing;
         EXPECT_EQ(Spooler().writes, failing) << method;
         EXPECT_EQ(Spooler().calls.back(), "close");
       }
     }
+  }
+}
+
+TEST_F(DemoTest, RefusedWriteOfAJobWithoutPayloadStopsItThere) {
+  demo.method = ZE_DEMO_NOTHING;
+  destination.flags = ZE_FLAG_PJL | ZE_FLAG_BRACKET_K;
+  destination.language = ZE_LANGUAGE_PPDS;
+  destination.jobName = "Demo";
+  UsePrinter();
+  ASSERT_EQ(Send(), ZE_OK);
+  const int writes = Spooler().writes;
+  EXPECT_EQ(writes, 7);  // language selection, header and trailer of three writes each
+  for (int failing = 1; failing <= writes; ++failing) {
+    UseNewPrinter();
+    Spooler().failingWrite = failing;
+    EXPECT_EQ(Send(), ZE_PRINTER_WRITE_FAILED) << failing;
+    EXPECT_EQ(Spooler().writes, failing);
+    EXPECT_EQ(Spooler().calls.back(), "close");
   }
 }
 

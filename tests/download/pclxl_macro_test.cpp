@@ -64,14 +64,12 @@ TEST_F(PclXlMacroTest, ALimitAsksForTheFixupToo) {
 }
 
 TEST_F(PclXlMacroTest, ARefusedWriteEndsTheJob) {
-  ResetSpooler();
-  UsePrinter();
+  UseNewPrinter();
   ASSERT_EQ(Create(), ZE_OK);
   const int writes = Spooler().writes;
   ASSERT_GT(writes, 0);
   for (int failing = 1; failing <= writes; ++failing) {
-    ResetSpooler();
-    UsePrinter();
+    UseNewPrinter();
     Spooler().failingWrite = failing;
     EXPECT_EQ(Create(), ZE_PRINTER_WRITE_FAILED) << failing;
   }

@@ -42,6 +42,15 @@ class JobTest : public ScratchTest {
     destination.bidiPort = 7;
     destination.bidiHandle = 9;
   }
+  // Drops what the spooler double has recorded, and sends to its printer.
+  void UseNewPrinter() {
+    ResetSpooler();
+    UsePrinter();
+  }
+
+  using Writes = std::vector<std::string>;
+  // The printer got one whole job, whose single writes were these.
+  void ExpectWrites(const Writes& writes) const;
 
   ZeDestination destination = {};
 };
