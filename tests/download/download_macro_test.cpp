@@ -97,6 +97,15 @@ TEST_F(DownloadMacroTest, LimitOfTheFixupMarksTheRecord) {
   EXPECT_EQ(macro.macroFlags, std::uint32_t{ZE_MACRO_FIX_UP_LIMIT | ZE_MACRO_FIX_UP});
 }
 
+TEST_F(DownloadMacroTest, RecordIsNotMarkedWhereAnArgumentIsInvalid) {
+  macro.macroFlags = ZE_MACRO_FIX_UP_LIMIT;
+  EXPECT_EQ(Download(1, 30), ZE_INVALID_ARGUMENT);
+  EXPECT_EQ(Download(4, 0), ZE_INVALID_ARGUMENT);
+  macro.macroDevice = 6;
+  EXPECT_EQ(Download(1, 0), ZE_INVALID_ARGUMENT);
+  EXPECT_EQ(macro.macroFlags, std::uint32_t{ZE_MACRO_FIX_UP_LIMIT});
+}
+
 // --- PCL
 
 TEST_F(DownloadMacroTest, PclPrintedOnce) {
@@ -391,14 +400,12 @@ TEST_F(DownloadMacroTest, RefusedWriteOfEveryJobStopsItThere) {
         destination.flags = flags;
         destination.language = kind.language;
         macro.macroFlags = ZE_MACRO_DEMO | fixUp;
-        ResetSpooler();
-        UsePrinter();
+        UseNewPrinter();
         ASSERT_EQ(Download(kind.mode, kind.wrap), ZE_OK);
         const int writes = Spooler().writes;
         EXPECT_GE(writes, 2);
         for (int failing = 1; failing <= writes; ++failing) {
-          ResetSpooler();
-          UsePrinter();
+          UseNewPrinter();
           Spooler().failingWrite = failing;
           EXPECT_EQ(Download(kind.mode, kind.wrap), ZE_PRINTER_WRITE_FAILED) << failing;
           EXPECT_EQ(Spooler().writes, failing);
