@@ -157,7 +157,6 @@ TEST_F(DataNumberTest, IsTheNearestToItsText) {
   EXPECT_TRUE(value == 0 && std::signbit(value));
 }
 
-// Before, they were format errors.
 TEST_F(DataNumberTest, TooSmallForItsFieldIsTheNearestThereToo) {
   const std::pair<const char*, double> small[] = {{"1e-310", 1e-310},
                                                   {"-1e-310", -1e-310},
