@@ -22,19 +22,23 @@ build() {
   fi
 }
 
-# The tests of several presets at once: those under Wine run one after the other, on one Wine a preset.
-run_side_by_side() {
-  local preset failed=0 running=()
-  for preset; do
-    ctest --preset "$preset" >"build/$preset.tests.log" 2>&1 &
-    running+=($!)
+# Starts the tests of a preset beside what comes next. Those under Wine run one at a time and mostly wait.
+running=()
+trap 'kill "${running[@]#*:}" 2>/dev/null || true' EXIT
+start_tests() {
+  ctest --preset "$1" >"build/$1.tests.log" 2>&1 &
+  running+=("$1:$!")
+}
+
+# Waits for the tests that were started, and shows what they gave.
+finish_tests() {
+  local each failed=0
+  for each in "${running[@]}"; do
+    wait "${each#*:}" || failed=1
+    step "${each%:*}: results of the tests"
+    cat "build/${each%:*}.tests.log"
   done
-  for preset; do
-    wait "${running[0]}" || failed=1
-    running=("${running[@]:1}")
-    step "$preset: results of the tests"
-    cat "build/$preset.tests.log"
-  done
+  running=()
   return $failed
 }
 
@@ -42,6 +46,20 @@ have() { command -v "$1" >/dev/null 2>&1; }
 
 step "tools"
 scripts/setup.sh test
+
+for bits in 86 64; do
+  if ! have "$([ $bits = 86 ] && echo i686 || echo x86_64)-w64-mingw32-g++-posix"; then
+    notRun+=("windows-x$bits: no cross compiler")
+    continue
+  fi
+  step "windows-x$bits: build"
+  build "windows-x$bits"
+  if ! have wine; then
+    notRun+=("windows-x$bits under Wine: no Wine")
+  else
+    start_tests "windows-x$bits"
+  fi
+done
 
 step "dev: build"
 build dev
@@ -63,23 +81,8 @@ scripts/fuzz.sh "$fuzzSeconds"
 
 step "release: build"
 build release
-
-built=(release)
-for bits in 86 64; do
-  if ! have "$([ $bits = 86 ] && echo i686 || echo x86_64)-w64-mingw32-g++-posix"; then
-    notRun+=("windows-x$bits: no cross compiler")
-    continue
-  fi
-  step "windows-x$bits: build"
-  build "windows-x$bits"
-  if ! have wine; then
-    notRun+=("windows-x$bits under Wine: no Wine")
-  else
-    built+=("windows-x$bits")
-  fi
-done
-step "tests of ${built[*]}"
-run_side_by_side "${built[@]}"
+start_tests release
+finish_tests
 
 if [ ${#notRun[@]} -gt 0 ]; then
   printf '\nNot run here:\n'
