@@ -1208,7 +1208,7 @@ ZEAPI_EXPORT int16_t ZEAPI_CALL ZeDatCloseFile(int32_t handle) ZEAPI_NOEXCEPT;
  * @param handle  of ZeDatOpenFile().
  * @param record  receives it; left alone on failure. A key without a terminator has six characters.
  * @return ZE_DAT_OK; ZE_DAT_BAD_HANDLE; ZE_DAT_NOT_FOUND; ZE_DAT_FAILED (a record before it has a bad
- *         format). After a failure there is no record to go on from.
+ *         format). After a failure other than ZE_DAT_BAD_HANDLE there is no record to go on from.
  */
 ZEAPI_EXPORT int16_t ZEAPI_CALL ZeDatGetFirstKey(int32_t handle,
                                                  ZeDatRecord* record) ZEAPI_NOEXCEPT;

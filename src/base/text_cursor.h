@@ -1,11 +1,10 @@
-// Characters of a text stream, one of which can be looked at ahead.
+// Characters of a text stream, read ahead in blocks.
 #pragma once
 
 #include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdio>
-#include <cstring>
 #include <span>
 #include <string_view>
 
@@ -17,6 +16,8 @@ namespace zeapi {
 class TextSource {
  public:
   explicit TextSource(std::FILE* stream) : stream_(stream) {}
+  TextSource(const TextSource&) = delete;  // what is ahead lies in its room
+  TextSource& operator=(const TextSource&) = delete;
 
   // Back to the start of the file. No cursor may be at work.
   void Rewind();
@@ -37,6 +38,7 @@ class TextSource {
 // place in what was read ahead is kept in registers.
 class TextCursor {
  public:
+  // A source has one cursor at a time.
   explicit TextCursor(TextSource* source)
       : source_(source), next_(source->ahead_.data()), end_(next_ + source->ahead_.size()) {}
   ~TextCursor() { source_->ahead_ = {next_, static_cast<std::size_t>(end_ - next_)}; }

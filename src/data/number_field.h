@@ -10,8 +10,8 @@
 namespace zeapi {
 
 // How many characters of `text` are the plain number that it begins with: perhaps a "-", then digits
-// and at most one point, 15 characters in all. 0 for none. Single and double precision hold each of
-// them.
+// and at most one point, 15 characters in all. 0 for none. None is out of the range of either
+// precision; double precision gets the nearest.
 inline std::size_t PlainNumberLength(std::string_view text) {
   constexpr std::size_t kLongest = 15;
   const char* at = text.data();

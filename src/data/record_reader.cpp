@@ -171,7 +171,7 @@ ZeDatReading DatReadRecord(TextSource* source, std::span<const ZeDatField> field
   for (const ZeDatField& field : fields) {
     if (SkipSeparators(&text) == EOF) return kDatBadFormat;
     const auto size = static_cast<std::size_t>(field.size);
-    const bool kept = offset + size <= record.size();
+    const bool kept = size <= record.size() && offset <= record.size() - size;
     const ZeDatReading reading =
         ReadField(&text, field.type, size, kept ? record.subspan(offset, size) : Field());
     if (reading != kDatRecord) return reading;

@@ -2,10 +2,10 @@
 #include "download/data.h"
 #include "download/own_output.h"
 #include "files/file_utilities.h"
+#include "files/regular_file.h"
 #include "output/pjl.h"
 #include "output/pjl_commands.h"
 #include "output/send_stream.h"
-#include "platform/files.h"
 
 namespace zeapi {
 namespace {
@@ -52,7 +52,7 @@ bool EndJob(GenQueContext* ctx) {
 Result SendDataFile(const char* fileName, const char* printerName, const ZeDestination& destination,
                     FileMode fileMode) {
   if (!FilExists(fileName)) return ZE_FILE_NOT_FOUND;
-  const Stream file(platform::OpenStream(fileName, "rb"));
+  const Stream file(OpenRegularFile(fileName, "rb"));
   if (file == nullptr) return ZE_OPEN_FAILED;
 
   GenQueContext ctx;

@@ -1,6 +1,7 @@
 #include "files/checksum.h"
 
 #include "files/fil_access.h"
+#include "platform/files.h"
 
 namespace zeapi {
 namespace {
@@ -77,6 +78,7 @@ Result FilChecksum(const char* path, std::int32_t handle, std::uint16_t skip,
   FilAccess file;
   file.mode = kFilRead;
   if (path != nullptr && path[0] != '\0') {
+    if (platform::QueryPath(path) != platform::PathKind::kRegularFile) return ZE_OPEN_FAILED;
     FilOpen(path, &file);
     if (file.error != kFilGood) return ZE_OPEN_FAILED;
   } else if (handle != 0) {

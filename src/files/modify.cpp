@@ -5,6 +5,7 @@
 #include "base/c_heap.h"
 #include "base/stream.h"
 #include "files/file_utilities.h"
+#include "files/regular_file.h"
 #include "platform/files.h"
 
 namespace zeapi {
@@ -42,7 +43,7 @@ Result FilModify(const char* path, std::uint32_t value, ZeModifyCallback callbac
   char temporary[ZE_MAX_NAME + 1];
   if (!platform::TemporaryName("\\", "tmpfil", temporary, sizeof(temporary))) return ZE_UNUSABLE;
   const TemporaryFile remover(temporary);
-  Stream source(platform::OpenStream(path, "r"));
+  Stream source(OpenRegularFile(path, "r"));
   if (source == nullptr) return ZE_OPEN_FAILED;
   Stream target(platform::OpenStream(temporary, "w"));
   if (target == nullptr) return ZE_OPEN_FAILED;

@@ -31,8 +31,8 @@ bool RemoveFile(const char* path);
 // one, else in `directory`. Stores it in a buffer of `size` bytes.
 bool TemporaryName(const char* directory, const char* prefix, char* name, std::size_t size);
 
-// Copies a file over whatever the destination holds. Returns 0 or a system error in the numbering
-// of Windows.
+// Copies a regular file over whatever the destination holds. Returns 0 or a system error in the
+// numbering of Windows.
 std::uint32_t CopyOver(const char* source, const char* destination);
 
 }  // namespace zeapi::platform

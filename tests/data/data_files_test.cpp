@@ -1,63 +1,11 @@
 #include <cmath>
-#include <cstdio>
-#include <cstring>
 
+#include "data/data_file_case.h"
 #include "support/bytes.h"
 #include "support/foreign_locale.h"
-#include "support/scratch.h"
-#include "zeapi.h"
 
 namespace zeapi::testing {
 namespace {
-
-constexpr char kFile[] = "data.txt";
-
-// A line of a data file for a key; the command tells lines of one key apart.
-std::string Line(const std::string& key, const std::string& command = "") {
-  return "\"" + key + "\",\"descr\",\"PCL\",\"" + command + "\",\"%d\",1,2.5,0.5,\"P\"\n";
-}
-
-class DataFilesTest : public ScratchTest {
- protected:
-  void TearDown() override {
-    for (int slot = 0; slot < 4; ++slot) ZeDatCloseFile(slot);
-    ScratchTest::TearDown();
-  }
-
-  void Open(std::string_view text) {
-    if (handle >= 0) ZeDatCloseFile(handle);
-    WriteFile(kFile, text);
-    handle = ZeDatOpenFile(kFile, 0, ZE_DAT_READ);
-    ASSERT_GE(handle, 0);
-  }
-
-  int First(std::string_view key) {
-    std::memset(&record, 0, sizeof(record));
-    std::memcpy(record.szKey, key.data(), key.size());
-    return ZeDatGetFirstKey(handle, &record);
-  }
-  int Next() { return ZeDatGetNextKey(handle, &record); }
-
-  // First record of a file of this text alone.
-  int Read(std::string_view text) {
-    Open(text);
-    return First("");
-  }
-
-  // Fields of the record between bars.
-  std::string Fields() const {
-    double numbers[3];
-    std::memcpy(numbers, reinterpret_cast<const char*>(&record) + 222, sizeof(numbers));
-    char text[400];
-    std::snprintf(text, sizeof(text), "%s|%s|%s|%s|%s|%g|%g|%g|%s", record.szKey, record.szDescr,
-                  record.szEmulation, record.szCommand, record.szVarFormat, numbers[0], numbers[1],
-                  numbers[2], record.szDuration);
-    return text;
-  }
-
-  int handle = -1;
-  ZeDatRecord record = {};
-};
 
 TEST_F(DataFilesTest, ReadsTheFieldsInTheirOrder) {
   EXPECT_EQ(Read("\"S_100\",\"Tray 2\",\"PCL\",\"1B266C\",\"%d\",-1,2.5,1e-1,\"P\"\n"), ZE_DAT_OK);
@@ -157,7 +105,6 @@ TEST_F(DataNumberTest, IsTheNearestToItsText) {
   EXPECT_TRUE(value == 0 && std::signbit(value));
 }
 
-// Before, they were format errors.
 TEST_F(DataNumberTest, TooSmallForItsFieldIsTheNearestThereToo) {
   const std::pair<const char*, double> small[] = {{"1e-310", 1e-310},
                                                   {"-1e-310", -1e-310},
@@ -275,18 +222,67 @@ TEST_F(DataFilesTest, BadRecordBehindTheCurrentOneEndsTheEnumeration) {
   EXPECT_EQ(First("B"), ZE_DAT_FAILED);
 }
 
+TEST_F(DataFilesTest, EachSearchBeginsWithTheFirstRecord) {
+  Open(Line("A", "1") + Line("A", "2"));
+  for (int search = 0; search < 3; ++search) {
+    EXPECT_EQ(First("A"), ZE_DAT_OK);
+    EXPECT_STREQ(record.szCommand, "1");
+  }
+  Open(Line("A") + Line("B") + Line("C"));
+  EXPECT_EQ(First("B"), ZE_DAT_OK);
+  EXPECT_EQ(First(""), ZE_DAT_OK);
+  EXPECT_STREQ(record.szKey, "A");
+  EXPECT_EQ(First("C"), ZE_DAT_OK);
+  EXPECT_EQ(First("B"), ZE_DAT_OK);
+  EXPECT_EQ(Next(), ZE_DAT_OK);
+  EXPECT_STREQ(record.szKey, "C");
+}
+
+TEST_F(DataFilesTest, SearchBehindABadRecordBeginsWithTheFirst) {
+  Open(Line("A") + "\"B\",1x\n" + Line("C"));
+  for (int search = 0; search < 2; ++search) {
+    EXPECT_EQ(First("A"), ZE_DAT_OK);
+    EXPECT_EQ(Next(), ZE_DAT_FAILED);
+  }
+}
+
+TEST_F(DataFilesTest, SearchBehindOneThatFoundNothingBeginsWithTheFirstRecord) {
+  Open(Line("A") + Line("B"));
+  EXPECT_EQ(First("X"), ZE_DAT_NOT_FOUND);
+  EXPECT_EQ(First("A"), ZE_DAT_OK);
+  EXPECT_EQ(Next(), ZE_DAT_OK);
+  EXPECT_STREQ(record.szKey, "B");
+}
+
+TEST_F(DataFilesTest, CommentMayEndTheFile) {
+  Open(Line("A") + "# c");
+  EXPECT_EQ(First("A"), ZE_DAT_OK);
+  EXPECT_EQ(Next(), ZE_DAT_END_OF_FILE);
+  EXPECT_EQ(Next(), ZE_DAT_END_OF_FILE);
+  EXPECT_EQ(First("B"), ZE_DAT_NOT_FOUND);
+}
+
+TEST_F(DataFilesTest, CallWithoutARecordLeavesTheCurrentOne) {
+  Open(Line("A") + Line("B"));
+  EXPECT_EQ(First("A"), ZE_DAT_OK);
+  EXPECT_EQ(ZeDatGetFirstKey(handle, nullptr), ZE_DAT_BAD_HANDLE);
+  EXPECT_EQ(ZeDatGetNextKey(handle, nullptr), ZE_DAT_BAD_HANDLE);
+  EXPECT_EQ(Next(), ZE_DAT_OK);
+  EXPECT_STREQ(record.szKey, "B");
+}
+
 TEST_F(DataFilesTest, OpenRefusesBadArguments) {
-  WriteFile(kFile, Line("A"));
+  WriteFile(kDataFile, Line("A"));
   EXPECT_EQ(ZeDatOpenFile(nullptr, 0, 2), ZE_DAT_INVALID);
   EXPECT_EQ(ZeDatOpenFile("", 0, 2), ZE_DAT_INVALID);
   EXPECT_EQ(ZeDatOpenFile("missing", 0, 2), ZE_DAT_INVALID);
-  for (const int mode : {0, 1, 3, -1}) EXPECT_EQ(ZeDatOpenFile(kFile, 0, mode), ZE_DAT_INVALID);
-  EXPECT_EQ(ZeDatOpenFile(kFile, 0xFFFFFFFF, 2), 0);
+  for (const int mode : {0, 1, 3, -1}) EXPECT_EQ(ZeDatOpenFile(kDataFile, 0, mode), ZE_DAT_INVALID);
+  EXPECT_EQ(ZeDatOpenFile(kDataFile, 0xFFFFFFFF, 2), 0);
 }
 
 TEST_F(DataFilesTest, PathHasAtMost260Characters) {
-  WriteFile(kFile, Line("A"));
-  std::string path = kFile;
+  WriteFile(kDataFile, Line("A"));
+  std::string path = kDataFile;
   while (path.size() < 260) path.insert(0, "./");
   ASSERT_EQ(path.size(), 260U);
   EXPECT_EQ(ZeDatOpenFile(path.c_str(), 0, 2), 0);
@@ -297,26 +293,26 @@ TEST_F(DataFilesTest, PathHasAtMost260Characters) {
 TEST_F(DataFilesTest, OpenThatFailsFreesItsPlace) {
   std::filesystem::create_directory("folder");
   for (int i = 0; i < 10; ++i) EXPECT_EQ(ZeDatOpenFile("folder", 0, 2), ZE_DAT_OPEN_FAILED);
-  WriteFile(kFile, Line("A"));
-  EXPECT_EQ(ZeDatOpenFile(kFile, 0, 2), 0);
+  WriteFile(kDataFile, Line("A"));
+  EXPECT_EQ(ZeDatOpenFile(kDataFile, 0, 2), 0);
 }
 
 TEST_F(DataFilesTest, FourFilesAreOpenAtOnceAndPlacesAreUsedAgain) {
-  WriteFile(kFile, Line("A"));
-  for (int i = 0; i < 4; ++i) EXPECT_EQ(ZeDatOpenFile(kFile, 0, 2), i);
-  EXPECT_EQ(ZeDatOpenFile(kFile, 0, 2), ZE_DAT_FAILED);
+  WriteFile(kDataFile, Line("A"));
+  for (int i = 0; i < 4; ++i) EXPECT_EQ(ZeDatOpenFile(kDataFile, 0, 2), i);
+  EXPECT_EQ(ZeDatOpenFile(kDataFile, 0, 2), ZE_DAT_FAILED);
   EXPECT_EQ(ZeDatCloseFile(1), ZE_DAT_OK);
-  EXPECT_EQ(ZeDatOpenFile(kFile, 0, 2), 1);
+  EXPECT_EQ(ZeDatOpenFile(kDataFile, 0, 2), 1);
   for (int i = 0; i < 4; ++i) EXPECT_EQ(ZeDatCloseFile(i), ZE_DAT_OK);
-  EXPECT_EQ(ZeDatOpenFile(kFile, 0, 2), 0);
+  EXPECT_EQ(ZeDatOpenFile(kDataFile, 0, 2), 0);
 }
 
 TEST_F(DataFilesTest, ArgumentsAreLookedAtBeforePlacesAndPlacesBeforeTheFileIsOpened) {
   std::filesystem::create_directory("folder");
-  WriteFile(kFile, Line("A"));
-  for (int i = 0; i < 4; ++i) ZeDatOpenFile(kFile, 0, 2);
+  WriteFile(kDataFile, Line("A"));
+  for (int i = 0; i < 4; ++i) ZeDatOpenFile(kDataFile, 0, 2);
   EXPECT_EQ(ZeDatOpenFile("missing", 0, 2), ZE_DAT_INVALID);
-  EXPECT_EQ(ZeDatOpenFile(kFile, 0, 1), ZE_DAT_INVALID);
+  EXPECT_EQ(ZeDatOpenFile(kDataFile, 0, 1), ZE_DAT_INVALID);
   EXPECT_EQ(ZeDatOpenFile(nullptr, 0, 2), ZE_DAT_INVALID);
   EXPECT_EQ(ZeDatOpenFile("folder", 0, 2), ZE_DAT_FAILED);
 }
@@ -338,7 +334,7 @@ TEST_F(DataFilesTest, HandlesThatAreNotOpenAreRefused) {
 
 TEST_F(DataFilesTest, HandlesHaveTheirOwnPlaceInAFile) {
   Open(Line("A") + Line("B"));
-  const int other = ZeDatOpenFile(kFile, 0, 2);
+  const int other = ZeDatOpenFile(kDataFile, 0, 2);
   EXPECT_EQ(First("A"), ZE_DAT_OK);
   ZeDatRecord second = {};
   EXPECT_EQ(ZeDatGetNextKey(other, &second), ZE_DAT_NOT_FOUND);
@@ -354,21 +350,17 @@ TEST_F(DataFilesTest, SeparatorsInPlentyAreNoRecord) {
   EXPECT_EQ(Read(std::string(65536, '\0')), ZE_DAT_NOT_FOUND);
 }
 
-// A record is slid over the end of the first block that is read, byte by byte.
 TEST_F(DataFilesTest, RecordsAcrossTheReadingBlocksAreWhole) {
-  constexpr std::size_t kBlock = 16384;
-  const std::string line =
-      "\"S_100\",\"Tray 2\",\"PCLXL\",\"1B266C\",\"%03d\",-12345.678,2.5e17,-625E-3,\"P\"\n";
-  for (std::size_t before = kBlock - line.size(); before <= kBlock; ++before) {
-    Open("#" + std::string(before - 2, '#') + "\n" + line + Line("T"));
-    ASSERT_EQ(First(""), ZE_DAT_OK) << before;
-    ASSERT_EQ(Fields(), "S_100|Tray 2|PCLXL|1B266C|%03d|-12345.7|2.5e+17|-0.625|P") << before;
-    const double low = record.dVarRangeLo;
-    ASSERT_EQ(low, -12345.678) << before;
-    ASSERT_EQ(Next(), ZE_DAT_OK) << before;
-    ASSERT_STREQ(record.szKey, "T") << before;
-    ASSERT_EQ(Next(), ZE_DAT_END_OF_FILE) << before;
-  }
+  Slide("\"S_100\",\"Tray 2\",\"PCLXL\",\"1B266C\",\"%03d\",-12345.678,2.5e17,-625E-3,\"P\"\n",
+        [&] {
+          EXPECT_EQ(First(""), ZE_DAT_OK);
+          EXPECT_EQ(Fields(), "S_100|Tray 2|PCLXL|1B266C|%03d|-12345.7|2.5e+17|-0.625|P");
+          const double low = record.dVarRangeLo;
+          EXPECT_EQ(low, -12345.678);
+          EXPECT_EQ(Next(), ZE_DAT_OK);
+          EXPECT_STREQ(record.szKey, "T");
+          EXPECT_EQ(Next(), ZE_DAT_END_OF_FILE);
+        });
 }
 
 TEST_F(DataFilesTest, LocaleOfTheHostProgramChangesNothing) {
@@ -378,87 +370,6 @@ TEST_F(DataFilesTest, LocaleOfTheHostProgramChangesNothing) {
   const double low = record.dVarRangeLo;
   EXPECT_EQ(low, 1.5);
   EXPECT_STREQ(record.szKey, "\xE9i");
-}
-
-class DataCountTest : public DataFilesTest {
- protected:
-  int Count(std::string_view key) {
-    std::memset(&record, 0, sizeof(record));
-    std::memcpy(record.szKey, key.data(), key.size());
-    return ZeDatQueryCount(kFile, reinterpret_cast<char*>(&record), ZE_DAT_READ);
-  }
-};
-
-TEST_F(DataCountTest, CountsTheRunBehindTheFirstMatch) {
-  WriteFile(kFile, Line("A") + Line("S_1") + Line("S_2") + Line("T_1") + Line("S_3"));
-  EXPECT_EQ(Count("S"), 2);
-  EXPECT_STREQ(record.szKey, "T_1");  // the last record that was read
-  EXPECT_EQ(Count("T"), 1);
-  EXPECT_EQ(Count("X"), 0);
-  EXPECT_EQ(Count(""), 5);
-}
-
-TEST_F(DataCountTest, FiveCharactersOfTheKeyCount) {
-  WriteFile(kFile, Line("S_100") + Line("S_100") + Line("S_101"));
-  EXPECT_EQ(Count("S_100"), 2);
-  EXPECT_EQ(Count("S_1000"), 0);
-}
-
-TEST_F(DataCountTest, BadRecordEndsTheCount) {
-  WriteFile(kFile, Line("S") + Line("S") + "bad\n" + Line("S"));
-  EXPECT_EQ(Count("S"), 2);
-}
-
-TEST_F(DataCountTest, FailuresHaveTheirCodes) {
-  EXPECT_EQ(Count("S"), ZE_DAT_OPEN_FAILED);
-  EXPECT_EQ(ZeDatQueryCount(kFile, nullptr, 2), ZE_DAT_BAD_HANDLE);
-  WriteFile(kFile, Line("S"));
-  EXPECT_EQ(ZeDatQueryCount(kFile, reinterpret_cast<char*>(&record), 1), ZE_DAT_OPEN_FAILED);
-  for (int i = 0; i < 4; ++i) ZeDatOpenFile(kFile, 0, 2);
-  EXPECT_EQ(Count("S"), ZE_DAT_OPEN_FAILED);
-}
-
-TEST_F(DataCountTest, NumberHas16Bits) {
-  std::string text;
-  for (int i = 0; i < 40000; ++i) text += Line("S");
-  WriteFile(kFile, text);
-  EXPECT_EQ(static_cast<std::uint16_t>(Count("S")), 40000);
-}
-
-TEST_F(DataCountTest, NumbersBeginAgainBehind16Bits) {
-  std::string text;
-  for (int i = 0; i < 65537; ++i) text += "\"SA\" \"\" \"\" \"\" \"\" 0;0;0;\"\"\n";
-  WriteFile(kFile, text);
-  EXPECT_EQ(Count("SA"), 1);
-  ZeDatCounts counts;
-  EXPECT_EQ(ZeDatQueryCounts(kFile, &counts, ZE_DAT_READ), ZE_DAT_OK);
-  EXPECT_EQ(counts.first[4], 1);
-  EXPECT_EQ(counts.second[0], 1);
-}
-
-TEST_F(DataCountTest, CountsByLetters) {
-  WriteFile(kFile, Line("A1") + Line("aa") + Line("F") + Line("G") + Line("P_S") + Line("SA") +
-                       Line("sf") + Line("ST") + Line("S_") + Line("S") + Line("T") + Line("X") +
-                       Line(""));
-  ZeDatCounts counts;
-  std::memset(&counts, 0xEE, sizeof(counts));
-  EXPECT_EQ(ZeDatQueryCounts(kFile, &counts, ZE_DAT_READ), ZE_DAT_OK);
-  EXPECT_EQ(std::vector<int>(counts.first, counts.first + 6), (std::vector<int>{2, 1, 1, 1, 5, 1}));
-  EXPECT_EQ(std::vector<int>(counts.second, counts.second + 6),
-            (std::vector<int>{1, 1, 0, 0, 0, 1}));
-}
-
-TEST_F(DataCountTest, CountsFailuresHaveTheirCodes) {
-  ZeDatCounts counts;
-  std::memset(&counts, 0xEE, sizeof(counts));
-  EXPECT_EQ(ZeDatQueryCounts(kFile, &counts, 2), ZE_DAT_OPEN_FAILED);
-  EXPECT_EQ(counts.first[0], 0xEEEE);
-  WriteFile(kFile, "");
-  EXPECT_EQ(ZeDatQueryCounts(kFile, &counts, 1), ZE_DAT_OPEN_FAILED);
-  EXPECT_EQ(ZeDatQueryCounts(kFile, nullptr, 2), ZE_DAT_BAD_HANDLE);
-  EXPECT_EQ(ZeDatQueryCounts(kFile, &counts, 2), ZE_DAT_OK);
-  EXPECT_EQ(counts.first[0], 0);
-  EXPECT_EQ(counts.second[5], 0);
 }
 
 }  // namespace

@@ -13,7 +13,8 @@ namespace {
 
 class RecordReaderTest : public ScratchTest {
  protected:
-  // Reads a record of one field; its bytes are in `bytes`. Without keeping it the result is the same.
+  // Reads a record of one field; its bytes are in `bytes`. Without keeping it the result is the
+  // same.
   ZeDatReading Read(std::int32_t type, std::int32_t size, std::string_view text) {
     WriteFile("file", text);
     bytes.clear();
@@ -22,6 +23,21 @@ class RecordReaderTest : public ScratchTest {
     const ZeDatReading kept = ReadInto(type, size);
     EXPECT_EQ(unkept, kept);
     return kept;
+  }
+
+  // Reads the record with each of its characters in turn the first behind the first block that is
+  // read. The results are the same, and the bytes of a record that is good.
+  ZeDatReading ReadAcross(std::int32_t type, std::int32_t size, const std::string& text) {
+    constexpr std::size_t kBlock = 16384;
+    const ZeDatReading expected = Read(type, size, text);
+    const std::string expectedBytes = bytes;
+    for (std::size_t split = 0; split < text.size(); ++split) {
+      const std::string before = "#" + std::string(kBlock - split - 2, '#') + "\n";
+      EXPECT_EQ(Read(type, size, before + text), expected) << split << ' ' << text;
+      if (expected != kDatRecord) continue;
+      EXPECT_EQ(bytes, expectedBytes) << split << ' ' << text;
+    }
+    return expected;
   }
 
   ZeDatReading ReadInto(std::int32_t type, std::int32_t size) {
@@ -43,6 +59,33 @@ TEST_F(RecordReaderTest, DoubledQuotesStandForOne) {
     EXPECT_BYTES(bytes, Bytes("a\"\0"));
     EXPECT_EQ(Read(type, 6, "\"a\"\""), kDatEndOfFile);
     EXPECT_EQ(Read(type, 6, "a\n"), kDatBadFormat);
+  }
+}
+
+TEST_F(RecordReaderTest, DoubledQuotesMayBePartedByTheReadingBlocks) {
+  for (const int type : {5, 7}) {
+    EXPECT_EQ(ReadAcross(type, 6, "\"a\"\"b\"\"\"\n"), kDatRecord);
+    EXPECT_BYTES(bytes, Bytes("a\"b\"\0\0"));
+    EXPECT_EQ(ReadAcross(type, 3, "\"a\"\"\"\"b\"\n"), kDatRecord);
+    EXPECT_EQ(ReadAcross(type, 6, "\"\"\"\"\n"), kDatRecord);
+    EXPECT_EQ(ReadAcross(type, 6, "\"a\" \"\"\n"), kDatBadFormat);
+    EXPECT_EQ(ReadAcross(type, 6, "\"a\"\""), kDatEndOfFile);
+  }
+}
+
+TEST_F(RecordReaderTest, TokensMayBePartedByTheReadingBlocks) {
+  const std::string zeros(23, '0');
+  for (const int type : {1, 2, 8}) {
+    EXPECT_EQ(ReadAcross(type, 4, "-0123456\n"), kDatRecord);
+    EXPECT_EQ(ReadAcross(type, 4, zeros + "1\n"), kDatRecord);
+    EXPECT_EQ(ReadAcross(type, 4, zeros + "01\n"), kDatBadFormat);
+  }
+  for (const int size : {4, 8}) {
+    EXPECT_EQ(ReadAcross(4, size, "-1234.5\n"), kDatRecord);
+    EXPECT_EQ(ReadAcross(4, size, zeros + "1,\n"), kDatRecord);
+    EXPECT_EQ(ReadAcross(4, size, zeros + "01\n"), kDatBadFormat);
+    EXPECT_EQ(ReadAcross(4, size, "0.0001" + zeros + "\n"), kDatBadFormat);
+    EXPECT_EQ(ReadAcross(4, size, "1.2.3\n"), kDatBadFormat);
   }
 }
 

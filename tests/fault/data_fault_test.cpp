@@ -68,7 +68,7 @@ TEST_F(DataFaultTest, SearchAndClose) {
       });
 }
 
-// Before, reading went on behind what could not be read: in the middle of the second record.
+// Nobody reads on behind what could not be read: in the middle of the second record.
 TEST_F(DataFaultTest, EndOfWhatCanBeReadStaysTheEnd) {
   WriteFile("data", kRecord + ("\"T\",\"" + std::string(50000, 'd')) +
                         "\",\"\",\"\",\"\",0,0,0,\"\"\n" + kRecord);
@@ -148,7 +148,7 @@ TEST_F(DataFaultTest, Counts) {
       });
 }
 
-// Before, the list was lost unless it was an entry itself that there was no memory for.
+// Whatever there was no memory for: an entry itself or what is needed to find one.
 TEST_F(DataFaultTest, ListingWithoutMemoryIsWhatWasFoundSoFar) {
   const std::string folder = "folder_whose_name_takes_memory";
   std::filesystem::create_directory(folder);

@@ -144,7 +144,7 @@ TEST_F(FindMemoryTest, FontsFoundAroundAFolderWithinAreKept) {
   EXPECT_EQ(lists, (std::set<Names>{{}, {"a"}, {"b", "a"}, {"z", "b", "a"}}));
 }
 
-// Before, the count was still the number of fonts wanted.
+// The count is then no longer the number of fonts wanted.
 TEST_F(FindMemoryTest, NothingIsCountedWhenMemoryEndsInTheCountOfTheFiles) {
   WriteFonts({"a"});
   int empty = 0;

@@ -100,6 +100,31 @@ TEST_F(JobFaultTest, OutputFileThatDoesNotCloseGivesCloseFailedFromTheQueueAlone
       [](std::uint32_t result) { EXPECT_EQ(result, ZE_OK); });
 }
 
+TEST_F(JobFaultTest, DocumentOfTheDllWithoutMemoryIsNotStarted) {
+  FailEach(
+      "calloc",
+      [&] {
+        fs::remove(LogFile());
+        ResetBidi();
+        UseBidi();
+      },
+      [&] {
+        GenQueContext ctx;
+        ctx.destination = &destination;
+        const Result opened = GenQueOpen(kOutput, &ctx);
+        return opened != ZE_OK ? opened : GenQueClose(&ctx);
+      },
+      [](std::uint32_t result) {
+        using Lines = std::vector<std::string>;
+        EXPECT_EQ(result, ZE_OUT_OF_MEMORY);
+        EXPECT_EQ(Bidi().calls, (Lines{"load VELBCE.DLL", "BceOpen 7 9 0", "free"}));
+        EXPECT_EQ(Bidi().loaded, 0);
+        EXPECT_EQ(LogLines(),
+                  (Lines{".\\ZeQue (946): +GenQueOpen", ".\\ZeQue (1050): bidi handle: use velbce",
+                         ".\\ZeQue (1360): -GenQueOpen"}));
+      });
+}
+
 TEST_F(JobFaultTest, InputThatCannotBeReadStillEndsTheJobProperly) {
   WriteFile("input", "DATA");
   destination.flags = ZE_FLAG_PJL;

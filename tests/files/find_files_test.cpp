@@ -83,6 +83,17 @@ TEST_F(FindFilesTest, TrailingSeparatorCountsInTheRootOnce) {
   EXPECT_EQ(found->rootLength, 4);
 }
 
+TEST_F(FindFilesTest, RootLengthHasEightBits) {
+  WriteFiles("top", {"a"});
+  std::string folder = "top";
+  while (folder.size() < 253) folder.insert(0, ".\\");
+  EXPECT_EQ(Find(folder.c_str()), Paths{folder + "\\a"});
+  EXPECT_EQ(found->rootLength, 254);
+  folder.insert(0, ".\\");
+  EXPECT_EQ(Find(folder.c_str()), Paths{folder + "\\a"});
+  EXPECT_EQ(found->rootLength, 0);
+}
+
 TEST_F(FindFilesTest, NamesThatBeginWithADotAreSkipped) {
   WriteFiles("top", {".hidden", "a"});
   EXPECT_EQ(Find("top"), Paths{"top\\a"});

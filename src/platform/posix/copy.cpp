@@ -95,10 +95,11 @@ std::uint32_t CopyOver(const char* source, const char* destination) {
   HostPath from;
   HostPath to;
   if (!ToHostPath(source, &from) || !ToHostPath(destination, &to)) return kPathNotFound;
-  Descriptor input(open(from.text, O_RDONLY | O_CLOEXEC));
   struct stat status;
-  if (input.number() < 0 || fstat(input.number(), &status) != 0) return SystemError(errno);
-  if (S_ISDIR(status.st_mode)) return kAccessDenied;
+  if (stat(from.text, &status) != 0) return SystemError(errno);
+  if (!S_ISREG(status.st_mode)) return kAccessDenied;
+  Descriptor input(open(from.text, O_RDONLY | O_CLOEXEC));
+  if (input.number() < 0) return SystemError(errno);
   struct stat target;
   const bool existed = stat(to.text, &target) == 0;
   if (existed && target.st_dev == status.st_dev && target.st_ino == status.st_ino) {

@@ -18,8 +18,7 @@ struct TextReader {
   bool ended;          // a Ctrl-Z was read
 };
 
-// Turns `count` raw bytes at `text` into text in place; returns how many are left. The buffer has
-// room for one byte more than `count`, which a pending CR may need.
+// Turns `count` raw bytes at `text` into text in place; returns how many are left.
 std::size_t Translate(TextReader* reader, char* text, std::size_t count) {
   char* out = text;
   const char* in = text;

@@ -8,7 +8,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// Before, the library waited for a writer for ever.
+// Nothing waits for a writer.
 using DataPipeTest = PipeTest<ScratchTest>;
 
 TEST_F(DataPipeTest, IsADataFileThatDoesNotOpen) {

@@ -14,7 +14,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// Before, the library waited for ever.
+// Nothing waits for a writer.
 using NamedPipeTest = PipeTest<FontTest>;
 
 TEST_F(NamedPipeTest, OnlyRegularFilesAreFontFiles) {
