@@ -17,7 +17,7 @@ bool PathExists(const char* path);
 bool PathReadable(const char* path);
 
 enum class PathKind { kMissing, kRegularFile, kFolder, kOther };
-PathKind QueryPath(const char* path);
+PathKind QueryPath(const char* path);  // a null path is missing
 
 // True when both paths lead to one existing file.
 bool SameFile(const char* a, const char* b);

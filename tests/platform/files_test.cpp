@@ -128,6 +128,7 @@ TEST_F(PlatformFilesTest, KindsOfPaths) {
   EXPECT_EQ(QueryPath("folder"), PathKind::kFolder);
   EXPECT_EQ(QueryPath("missing"), PathKind::kMissing);
   EXPECT_EQ(QueryPath(""), PathKind::kMissing);
+  EXPECT_EQ(QueryPath(nullptr), PathKind::kMissing);
 }
 
 TEST_F(PlatformFilesTest, OneFileByTwoPaths) {

@@ -37,7 +37,7 @@ bool PathReadable(const char* path) { return _access(path, kReadable) == 0; }
 
 PathKind QueryPath(const char* path) {
   struct _stat64 status;
-  if (_stat64(path, &status) != 0) return PathKind::kMissing;
+  if (path == nullptr || _stat64(path, &status) != 0) return PathKind::kMissing;
   const unsigned type = status.st_mode & _S_IFMT;
   if (type == _S_IFDIR) return PathKind::kFolder;
   return type == _S_IFREG ? PathKind::kRegularFile : PathKind::kOther;
