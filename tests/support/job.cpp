@@ -2,19 +2,6 @@
 
 namespace zeapi::testing {
 
-void JobTest::ExpectWrites(const Writes& writes) const {
-  const std::string name = destination.jobName == nullptr ? "Vantrel Job" : destination.jobName;
-  std::vector<std::string> calls = {std::string("open ") + kOutput, "start " + name};
-  std::string data;
-  for (const std::string& write : writes) {
-    calls.push_back("write " + std::to_string(write.size()));
-    data += write;
-  }
-  calls.insert(calls.end(), {"end", "close"});
-  EXPECT_BYTES(Spooler().data, data);
-  EXPECT_EQ(Spooler().calls, calls);
-}
-
 std::vector<std::string> FileOpenLines() {
   return {".\\ZeQue (946): +GenQueOpen", ".\\ZeQue (1201): Attempt to use Win32 Printer",
           ".\\ZeQue (1228): OpenPrinter FAILED!", ".\\ZeQue (1232): Default: use file i/o",

@@ -50,7 +50,18 @@ class JobTest : public ScratchTest {
 
   using Writes = std::vector<std::string>;
   // The printer got one whole job, whose single writes were these.
-  void ExpectWrites(const Writes& writes) const;
+  void ExpectWrites(const Writes& writes) const {
+    const std::string name = destination.jobName == nullptr ? "Vantrel Job" : destination.jobName;
+    std::vector<std::string> calls = {std::string("open ") + kOutput, "start " + name};
+    std::string data;
+    for (const std::string& write : writes) {
+      calls.push_back("write " + std::to_string(write.size()));
+      data += write;
+    }
+    calls.insert(calls.end(), {"end", "close"});
+    EXPECT_BYTES(Spooler().data, data);
+    EXPECT_EQ(Spooler().calls, calls);
+  }
 
   ZeDestination destination = {};
 };
