@@ -90,8 +90,9 @@ class OptionReader {
   }
 
   bool ReadItems(ZeOptionInfo* info) {
-    FreeItems(info);
     const std::int32_t count = parser_.EnterContainer();
+    if (parser_.CutShort()) return false;
+    FreeItems(info);
     info->items = NewEntries<ZeOptionItem>(count);
     if (info->items == nullptr) return count == 0;
     info->itemCount = static_cast<std::uint32_t>(count);
@@ -103,24 +104,18 @@ class OptionReader {
 
   bool ReadItem(ZeOptionItem* item) {
     return Children([&](std::int32_t, const AlertElement& element) {
-      if (element.id == 1 && element.type == kAlertInteger) {
-        item->value1 = parser_.ReadInteger();
-      } else if (element.id == 5 && element.type == kAlertInteger) {
-        item->value5 = parser_.ReadInteger();
-      } else if (element.id == 6 && element.type == kAlertText) {
-        std::free(item->text6);
-        item->text6 = NewText(parser_.ReadBytes());
-        return item->text6 != nullptr;
-      } else {
-        parser_.Skip(element);
-      }
-      return true;
+      if (element.id == 1 && element.type == kAlertInteger) return TakeInteger(&item->value1);
+      if (element.id == 5 && element.type == kAlertInteger) return TakeInteger(&item->value5);
+      if (element.id == 6 && element.type == kAlertText)
+        return TakeText(&item->text6, EmptyText::kText);
+      return Skip(element);
     });
   }
 
   bool ReadGroups(ZeOptionInfo* info) {
-    FreeGroups(info);
     const std::int32_t count = parser_.EnterContainer();
+    if (parser_.CutShort()) return false;
+    FreeGroups(info);
     info->groups = NewEntries<ZeOptionGroup>(count);
     if (info->groups == nullptr) return count == 0;
     info->groupCount = static_cast<std::uint32_t>(count);
@@ -133,21 +128,18 @@ class OptionReader {
   bool ReadGroup(ZeOptionGroup* group) {
     return Children([&](std::int32_t, const AlertElement& element) {
       if (element.id == 3 && element.type == kAlertContainer) return ReadValues(group);
-      if (element.id == 1 && element.type == kAlertText) {
-        std::free(group->text1);
-        return TakeText([&](char* text) { group->text1 = text; });
-      }
-      if (element.id == 2 && element.type == kAlertText) {
-        std::free(group->text2);
-        return TakeText([&](char* text) { group->text2 = text; });
-      }
+      if (element.id == 1 && element.type == kAlertText)
+        return TakeText(&group->text1, EmptyText::kNull);
+      if (element.id == 2 && element.type == kAlertText)
+        return TakeText(&group->text2, EmptyText::kNull);
       return Skip(element);
     });
   }
 
   bool ReadValues(ZeOptionGroup* group) {
-    FreeValues(group);
     const std::int32_t count = parser_.EnterContainer();
+    if (parser_.CutShort()) return false;
+    FreeValues(group);
     group->values = NewEntries<std::int32_t>(count);
     if (group->values == nullptr) return count == 0;
     group->valueCount = static_cast<std::uint32_t>(count);
@@ -155,19 +147,27 @@ class OptionReader {
       if (value.type != kAlertContainer) return Skip(value);
       return Children([&](std::int32_t, const AlertElement& element) {
         if (element.id != 1 || element.type != kAlertInteger) return Skip(element);
-        group->values[number - 1] = parser_.ReadInteger();
-        return true;
+        return TakeInteger(&group->values[number - 1]);
       });
     });
   }
 
-  // An empty text is null.
-  template <typename Store>
-  bool TakeText(Store store) {
+  // What was read before is replaced by what is there whole, and by nothing less.
+  bool TakeInteger(std::int32_t* value) {
+    const std::int32_t read = parser_.ReadInteger();
+    if (parser_.CutShort()) return false;
+    *value = read;
+    return true;
+  }
+
+  enum class EmptyText { kText, kNull };
+  bool TakeText(char** text, EmptyText empty) {
     const auto bytes = parser_.ReadBytes();
-    char* text = bytes.empty() ? nullptr : NewText(bytes);
-    store(text);
-    return bytes.empty() || text != nullptr;
+    if (parser_.CutShort()) return false;
+    std::free(*text);
+    const bool isNull = bytes.empty() && empty == EmptyText::kNull;
+    *text = isNull ? nullptr : NewText(bytes);
+    return isNull || *text != nullptr;
   }
 
   ZeAlertParser& parser_;

@@ -77,11 +77,13 @@ class AccountReader {
   bool ReadField(std::uint8_t* record, const JobAccountField& field, const AlertElement& element) {
     if (field.textSize == 0 && element.type == kAlertInteger) {
       const std::int32_t value = parser_.ReadInteger();
+      if (parser_.CutShort()) return false;
       std::memcpy(record + field.offset, &value, sizeof value);
       return true;
     }
     if (field.textSize != 0 && element.type == kAlertText) {
       const auto bytes = parser_.ReadBytes();
+      if (parser_.CutShort()) return false;
       const auto kept = bytes.first(std::min(bytes.size(), field.textSize - 1));
       std::fill_n(std::copy(kept.begin(), kept.end(), record + field.offset),
                   field.textSize - kept.size(), std::uint8_t{0});

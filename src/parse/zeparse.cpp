@@ -41,7 +41,8 @@ const Definition* FindDefinition(std::string_view text) {
   return nullptr;
 }
 
-// The number that `text` starts with, 0 for none; -1 for one beyond 32 bits, which no record holds.
+// The number that `text` starts with, 0 for none; below zero, a length that no record holds, for one that
+// says so and for one beyond 32 bits.
 std::int32_t LengthAt(std::string_view text) {
   std::int32_t value = 0;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
@@ -76,14 +77,21 @@ void ZeAlertParser::ReadKeys() {
 // Pairs of a definition name and a length, up to one with a name that is not known.
 void ZeAlertParser::ReadKey(int key, std::string_view text) {
   auto& fields = keys_[static_cast<std::size_t>(key)];
+  std::array<std::int32_t, std::size(kDefinitions)> lengths = {};
+  bool dataSeen = false;
   for (;;) {
     const Definition* definition = FindDefinition(text);
     if (definition == nullptr) return;
     text.remove_prefix(definition->name.size());
     const Field field{definition->id, LengthAt(text.substr(text.empty() ? 0 : 1))};
     parse_log::KeyField(kKeyNames[key], field.definition, field.length);
-    // Fields without bytes would be walked again for every element and change nothing.
-    if (field.length != 0 || field.definition == kData) fields.push_back(field);
+    // Fields are walked again for every element. Those without bytes are kept where they change something:
+    // the place of the data, and the value that a field of the same name took before.
+    std::int32_t& before = lengths[static_cast<std::size_t>(field.definition)];
+    const bool isData = key == kDataKey && field.definition == kData;
+    if (isData ? !dataSeen : field.length != 0 || before != 0) fields.push_back(field);
+    dataSeen |= isData;
+    before = field.length;
     const std::size_t comma = text.find(',');
     if (comma == std::string_view::npos) return;
     text.remove_prefix(comma + 1);

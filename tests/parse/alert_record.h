@@ -51,4 +51,10 @@ inline std::string Record(std::string_view keys, std::string_view elements, int 
 
 inline std::string Record(std::string_view elements) { return Record(StandardKeys(), elements); }
 
+// The record as it would have been sent without its last bytes.
+inline std::string CutBy(std::size_t bytes, const std::string& record) {
+  const std::string body = record.substr(2, record.size() - 2 - bytes);
+  return BigEndian(static_cast<long long>(body.size()), 2) + body;
+}
+
 }  // namespace zeapi::testing

@@ -181,6 +181,59 @@ TEST_F(ZeCardTest, MoreChildrenThanBytesEndTheRecord) {
   EXPECT_EQ(info->groups, nullptr);
 }
 
+TEST_F(ZeCardTest, AnElementCutOffLeavesTheItemAsItWas) {
+  const std::string integer5 = Integer(5, 16);
+  const std::string text6 = Text(6, "duplex");
+  const std::string record = Record(
+      Container(1, {Container(1, {Container(7, {Integer(1, 11), Integer(5, 15), Text(6, "tray"),
+                                                Integer(1, 12), integer5, text6})})}));
+  for (std::size_t cut = 0; cut <= Integer(1, 12).size() + integer5.size() + text6.size(); ++cut) {
+    SCOPED_TRACE(cut);
+    const OptionInfo info = Parse(CutBy(cut, record));
+    ASSERT_EQ(info->itemCount, 1U);
+    EXPECT_EQ(info->items[0].value1, cut <= integer5.size() + text6.size() ? 12 : 11);
+    EXPECT_EQ(info->items[0].value5, cut <= text6.size() ? 16 : 15);
+    EXPECT_STREQ(info->items[0].text6, cut == 0 ? "duplex" : "tray");
+  }
+}
+
+TEST_F(ZeCardTest, AnElementCutOffLeavesTheGroupAsItWas) {
+  const std::string text2 = Text(2, "dd");
+  const std::string values = Value(2) + Value(3);
+  const std::string element3 = Container(3, 2, values);
+  const std::string record = Record(Container(
+      1, {Container(3, {Container(7, {Text(1, "a"), Text(2, "b"), Container(3, {Value(1)}),
+                                      Text(1, "cc"), text2, element3})})}));
+  for (std::size_t cut = 0; cut <= Text(1, "cc").size() + text2.size() + element3.size(); ++cut) {
+    SCOPED_TRACE(cut);
+    const OptionInfo info = Parse(CutBy(cut, record));
+    ASSERT_EQ(info->groupCount, 1U);
+    const ZeOptionGroup& group = info->groups[0];
+    EXPECT_STREQ(group.text1, cut <= text2.size() + element3.size() ? "cc" : "a");
+    EXPECT_STREQ(group.text2, cut <= element3.size() ? "dd" : "b");
+    const bool listBegun = cut + 2 <= values.size();  // as many bytes as it has children
+    ASSERT_EQ(group.valueCount, listBegun ? 2U : 1U);
+    if (listBegun) {
+      EXPECT_EQ(group.values[0], cut <= Value(3).size() ? 2 : 0);
+      EXPECT_EQ(group.values[1], cut == 0 ? 3 : 0);
+    } else {
+      EXPECT_EQ(group.values[0], 1);
+    }
+  }
+}
+
+TEST_F(ZeCardTest, AListCutOffLeavesTheOneBefore) {
+  const std::string items = Container(1, {Item(11, 15, "tray")});
+  const std::string groups = Container(3, {Container(7, {Text(1, "a")})});
+  for (const int list : {1, 3}) {
+    const OptionInfo info = ParseElements(Container(1, {items, groups, Container(list, 100, "")}));
+    ASSERT_EQ(info->itemCount, 1U);
+    EXPECT_STREQ(info->items[0].text6, "tray");
+    ASSERT_EQ(info->groupCount, 1U);
+    EXPECT_STREQ(info->groups[0].text1, "a");
+  }
+}
+
 TEST_F(ZeCardTest, NullPointers) {
   EXPECT_EQ(ZeParseOptionInfo(nullptr), nullptr);
   ZeFreeOptionInfo(nullptr);

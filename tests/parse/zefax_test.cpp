@@ -109,6 +109,21 @@ TEST_F(ZeFaxTest, SeveralRootsFillOneRecord) {
   EXPECT_EQ(int{account->totals->value1_1}, 31);
 }
 
+TEST_F(ZeFaxTest, AnElementCutOffLeavesItsFieldAsItWas) {
+  const auto root = [](int number, const std::string& text) {
+    return Container(1, {Container(2, {Container(1, {Integer(1, number), Text(7, text)})})});
+  };
+  const std::string second = root(202, "def");
+  const std::string record = Record(root(101, "abc") + second);
+  for (std::size_t cut = 0; cut <= second.size(); ++cut) {
+    SCOPED_TRACE(cut);
+    const JobAccount account = ParseAccount(CutBy(cut, record));
+    ASSERT_NE(account->job, nullptr);
+    EXPECT_EQ(int{account->job->value1_1}, cut <= Text(7, "def").size() ? 202 : 101);
+    EXPECT_STREQ(account->job->text1_7, cut == 0 ? "def" : "abc");
+  }
+}
+
 TEST_F(ZeFaxTest, TheFirstElementIsWalkedAndNotStored) {
   const JobAccount account = ParseAccountElements(
       Container(1, {Container(1, {Integer(1, 5), Container(2, {Integer(1, 6)}), Text(3, "x")}),

@@ -175,6 +175,36 @@ TEST_F(ZeParseTest, DataInFrontOfItsLengthIsEmpty) {
   EXPECT_EQ(parser.BytesLeft(), 3);
 }
 
+TEST_F(ZeParseTest, TheLastFieldOfANameCounts) {
+  const auto element = [&](const char* key) {
+    return Parse(Record(Keys(key, "NE:1", "LD:1,DA:0"), "\x07\x01\x09")).ReadElement();
+  };
+  EXPECT_EQ(element("ID:1,DT:1,ID:1").id, 9);
+  EXPECT_EQ(element("ID:1,ID:0,DT:1").id, 0) << "a field without bytes is 0 too";
+  EXPECT_EQ(element("ID:1,ID:0,DT:1").type, 1);
+  EXPECT_EQ(element("ID:0,ID:1,DT:1").id, 7);
+  EXPECT_EQ(element("ID:1,ID:3").id, 0);
+}
+
+TEST_F(ZeParseTest, TheFirstOfSeveralDataFieldsCounts) {
+  ZeAlertParser& parser = Parse(
+      Record(Keys("ID:1,DT:1", "NE:1,LD:1", "LD:1,DA:0,TD:1,DA:0"), ElementHead(1, 2) + "\3abcT"));
+  parser.ReadElement();
+  EXPECT_EQ(AsText(parser.ReadBytes()), "abc");
+  EXPECT_EQ(parser.BytesLeft(), 0);
+}
+
+// Keys of a record as large as they come, which would be walked for each of its elements.
+TEST_F(ZeParseTest, FieldsWithoutBytesCostNothing) {
+  std::string nothing;
+  for (int i = 0; i < 5000; ++i) nothing += ",DA,ID";
+  const std::string elements(32000, '\3');
+  ZeAlertParser& parser = Parse(Record(Keys("DT:1" + nothing, "NE:1", "LD:1,DA:0"), elements));
+  int count = 0;
+  for (; !parser.Ended(); ++count) parser.Skip(parser.ReadElement());
+  EXPECT_EQ(count, 32000);
+}
+
 TEST_F(ZeParseTest, LengthsThatNoRecordHoldsEndTheRecord) {
   for (const char* length : {"-1", "65536", "2147483647", "2147483648", "99999999999999999999"}) {
     SCOPED_TRACE(length);
