@@ -156,9 +156,8 @@ Result WebGetUrl(std::int32_t printer, std::int32_t topic, std::int32_t language
                  std::uint32_t size, IniFile* ini) {
   if (buffer == nullptr) return ZE_INVALID_ARGUMENT;
   EmptyText(buffer, size);
-  if (topic < 1 || topic > static_cast<std::int32_t>(std::size(kWebTopics)) || size == 0) {
+  if (topic < 1 || topic > static_cast<std::int32_t>(std::size(kWebTopics)))
     return ZE_INVALID_ARGUMENT;
-  }
   std::int32_t number = 0;
   if (!PrinterNumber(printer, &number)) return ZE_UNKNOWN_TYPE;
   AddressBuilder address(buffer, size);

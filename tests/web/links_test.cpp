@@ -63,13 +63,18 @@ TEST_F(WebUrlTest, InvalidArgumentsEmptyTheBuffer) {
     EXPECT_EQ(url, "");
   }
   EXPECT_EQ(ZeWebGetURL(0, 1, 0, nullptr, 100, nullptr), ZE_INVALID_ARGUMENT);
-  char untouched = '#';
-  EXPECT_EQ(ZeWebGetURL(0, 1, 0, &untouched, 0, nullptr), ZE_INVALID_ARGUMENT);
-  EXPECT_EQ(untouched, '#');
   // The topic and the buffer are looked at before the printer.
   EXPECT_EQ(Get(2, 0, 0), ZE_INVALID_ARGUMENT);
-  EXPECT_EQ(ZeWebGetURL(2, 1, 0, &untouched, 0, nullptr), ZE_INVALID_ARGUMENT);
+  EXPECT_EQ(ZeWebGetURL(2, 1, 0, nullptr, 100, nullptr), ZE_INVALID_ARGUMENT);
+}
+
+TEST_F(WebUrlTest, BufferWithoutRoomIsLeftAlone) {
+  char untouched = '#';
   EXPECT_EQ(ZeWebGetURL(0, 0, 0, &untouched, 0, nullptr), ZE_INVALID_ARGUMENT);
+  EXPECT_EQ(ZeWebGetURL(2, 1, 0, &untouched, 0, nullptr), ZE_UNKNOWN_TYPE);
+  EXPECT_EQ(ZeWebGetURL(0, 1, 0, &untouched, 0, nullptr), ZE_BUFFER_TOO_SMALL);
+  Open("[PRINTER]\n8=laser\n");
+  EXPECT_EQ(ZeWebGetURL(0, 1, 0, &untouched, 0, handle), ZE_INVALID_ARGUMENT) << "of the look-up";
   EXPECT_EQ(untouched, '#');
 }
 
