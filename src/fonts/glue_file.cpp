@@ -131,7 +131,8 @@ void SetFont(std::string_view fontLine, const FontLines& lines, GlueEntry* entry
   const std::string_view weight = value(lines.weight, "/weight");
   SetField(entry->weight, WeightText(weight.empty() ? kMedium : Number(weight)));
   SetField(entry->slant, Number(value(lines.slant, "/slant")) != 0 ? " italic" : "");
-  entry->printerMemory = lines.resource.empty() ? 0 : MemoryOf(lines.resource);
+  entry->printerMemory =
+      lines.resource.empty() ? 0 : MemoryOf(AfterKeyword(lines.resource, "/resource"));
 }
 
 // The lines behind the one that begins with `start`.
@@ -174,7 +175,10 @@ bool GlueFile::Next(GlueEntry* entry) {
 bool GlueFile::NextCartridge(GlueEntry* entry) {
   std::string_view line;
   do {
-    if (!cartridges_.NextBefore("[", &line)) return false;
+    if (!cartridges_.NextBefore("[", &line)) {
+      cartridges_ = GlueLines();  // it is asked again before each font
+      return false;
+    }
   } while (!line.starts_with('{'));
   std::string_view text = AfterKeyword(line, "{");
   SetField(entry->fontFile, TakeValue(&text));

@@ -67,6 +67,17 @@ bool ReadText(std::FILE* stream, std::uint32_t offset, std::string* text) {
   return !bytes.empty();
 }
 
+// The PostScript name gets blanks for its hyphens where it is loaded, when it is written as the full name:
+// a face that has its bytes there is written behind it, and has the blanks too.
+void ShareBlanks(const Places& places, PfmMetrics* metrics) {
+  const std::uint64_t nameEnd = std::uint64_t{places.driverInfo} + metrics->name.size();
+  std::uint64_t at = places.face;
+  for (char& c : metrics->face) {
+    if (c == '-' && at >= places.driverInfo && at < nameEnd) c = ' ';
+    ++at;
+  }
+}
+
 bool ReadExtendedMetrics(std::FILE* stream, std::uint32_t offset, PfmMetrics* metrics) {
   if (offset == 0) return true;
   std::array<std::uint8_t, kExtendedMetricsRead> room;
@@ -117,9 +128,11 @@ bool ReadPfmMetrics(std::FILE* stream, PfmMetrics* metrics) {
   Places places;
   if (!ReadPfmBlock(stream, &block) || !ReadHeader(block.bytes, metrics, &places)) return false;
   metrics->hasFace = places.face != 0;
-  return ReadText(stream, places.face, &metrics->face) &&
-         ReadText(stream, places.driverInfo, &metrics->name) &&
-         ReadExtendedMetrics(stream, places.extendedMetrics, metrics) &&
+  if (!ReadText(stream, places.face, &metrics->face) ||
+      !ReadText(stream, places.driverInfo, &metrics->name))
+    return false;
+  ShareBlanks(places, metrics);
+  return ReadExtendedMetrics(stream, places.extendedMetrics, metrics) &&
          ReadExtents(stream, places.extents, metrics) &&
          ReadKerning(stream, places.kernPairs, metrics) && std::ferror(stream) == 0;
 }

@@ -13,6 +13,8 @@ namespace {
 
 constexpr std::size_t kWindow = 40;
 
+std::string_view UpToSpace(std::string_view text) { return text.substr(0, text.find(' ')); }
+
 // Every "/" of a stream with the characters after it, as many as a window holds. They are only
 // looked at: the next "/" may be among them.
 class SlashWindows {
@@ -65,7 +67,7 @@ Type1Name ReadPfaName(std::FILE* stream) {
   TextLines lines(stream, kLongestLine);
   for (std::string_view line; lines.Next(&line);) {
     if (line.starts_with(kStart)) {
-      SetField(name.text, UpToWhiteSpace(line.substr(kStart.size())));
+      SetField(name.text, UpToSpace(line.substr(kStart.size())));
       break;
     }
   }
@@ -80,7 +82,7 @@ PfbNames ReadPfbNames(std::FILE* stream) {
   SlashWindows windows(stream);
   for (std::string_view window; windows.Next(&window);) {
     if (window.starts_with(kName) && names.name.text[0] == '\0') {
-      SetField(names.name.text, UpToWhiteSpace(window.substr(kName.size())));
+      SetField(names.name.text, UpToSpace(window.substr(kName.size())));
     } else if (window.starts_with(kEncoding)) {
       encodingSeen = true;
       if (window.find("StandardEncoding") == std::string_view::npos) names.standardEncoding = false;

@@ -252,6 +252,26 @@ TEST_F(AfmWriterTest, NamesWithoutEndEndWithTheFile) {
   EXPECT_EQ(Line(AfmOf(face.replace(105, 4, place)), "FamilyName"), " Endless");
 }
 
+// The hyphens become blanks where the name lies in the file, behind the line of the font name.
+TEST_F(AfmWriterTest, KeepsTheBlanksOfTheFullNameInAFaceThatSharesItsBytes) {
+  PostScriptPfm font;
+  font.face = "Old-Test-Bold";
+  const std::string file = font.File();
+  const auto number = [&](std::size_t at) { return MetricsView(file).U32(at); };
+  const auto names = [&](std::uint32_t face, std::uint32_t name) {
+    std::string changed = file;
+    const std::string text = AfmOf(changed.replace(105, 4, Le32(face)).replace(139, 4, Le32(name)));
+    return Line(text, "FontName") + Line(text, "FullName") + Line(text, "FamilyName");
+  };
+  const std::uint32_t face = number(105);
+  const std::uint32_t name = number(139);
+  EXPECT_EQ(names(face, name), " Test-Bold Test Bold Old-Test-Bold");
+  EXPECT_EQ(names(name, name), " Test-Bold Test Bold Test Bold");
+  EXPECT_EQ(names(name + 2, name), " Test-Bold Test Bold st Bold");
+  EXPECT_EQ(names(face, face), " Old-Test-Bold Old Test Bold Old Test Bold");
+  EXPECT_EQ(names(face, face + 4), " Test-Bold Test Bold Old-Test Bold");
+}
+
 TEST_F(AfmWriterTest, WithoutAPairTableThereIsNoKerningSection) {
   PostScriptPfm font;
   EXPECT_EQ(AfmOf(font).find("Kern"), std::string::npos);

@@ -104,6 +104,22 @@ TEST_F(GlueFileTest, CommentOrBraceEndsTheLine) {
   EXPECT_STREQ(Font("/font file ; = a.sfp\n").fontFile, "");
 }
 
+TEST_F(GlueFileTest, CommentOrBraceEndsTheLineOfTheMemoryToo) {
+  EXPECT_EQ(Font("/resource = none ; was 4711\n").printerMemory, 0U);
+  EXPECT_EQ(Font("/resource ; x = 9\n").printerMemory, 0U);
+  EXPECT_EQ(Font("/resource = 12}34\n").printerMemory, 12U);
+  EXPECT_EQ(Font("/resource = }12\n").printerMemory, 0U);
+}
+
+// What ends a section of cartridges is not read again for each font: that would take minutes here.
+TEST_F(GlueFileTest, LinesBehindTheCartridgesAreReadOnce) {
+  std::string text = "[Cartridge]\n";
+  for (int i = 0; i < 60000; ++i) text += ";\n";
+  text += "[PCL fonts]\n{O}\n";
+  for (int i = 0; i < 27000; ++i) text += "FONT\n";
+  EXPECT_EQ(Read(text).size(), 27000U);
+}
+
 TEST_F(GlueFileTest, LinesAreTrimmedAndCommentsIgnored) {
   const auto entries = Read(
       "  [PCL fonts] \r\n;{O}\n\t{O}\r\n\r\n; /tfm\n  FONT = One\r\n"
