@@ -83,14 +83,14 @@ ArchivePass::Entry ArchivePass::ReadEntry(std::int64_t adjustment) {
 bool ArchivePass::ExtractBatch() {
   for (const ArchiveMember& member : batch_) {
     const Extracted extracted = extractor_.Extract(member);
+    if (progress_ != nullptr && extracted.status != kArchiveOk) {
+      status_ = extracted.status;  // alone, whatever came before it
+      return false;
+    }
     if (extracted.renamed) Note(kArchiveWarning);
     Note(extracted.status);
-    if (progress_ == nullptr) {
-      if (extracted.status == kArchiveDiskFull) return false;
-      continue;
-    }
-    if (extracted.status != kArchiveOk) return false;
-    if (!extracted.isFile) continue;
+    if (extracted.status == kArchiveDiskFull) return false;
+    if (progress_ == nullptr || !extracted.isFile) continue;
     progress_(extracted.name.c_str(), member.compressedSize,
               ArchivePercentage(member.compressedSize, ArchiveRunningTotal()));
   }

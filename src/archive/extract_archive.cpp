@@ -1,20 +1,20 @@
 #include "archive/extract_archive.h"
 
-#include <string>
-
 #include "archive/archive_pass.h"
 #include "platform/files.h"
 
 namespace zeapi {
 
+std::string ArchivePath(const char* archive) {
+  const platform::PathKind kind = platform::QueryPath(archive);
+  const bool isFile = kind != platform::PathKind::kMissing && kind != platform::PathKind::kFolder;
+  return isFile ? archive : std::string(archive) + ".zip";
+}
+
 Result ExtractArchive(const char* archive, const char* pattern, ZeZipProgress progress) {
-  std::string path(archive);
-  platform::PathKind kind = platform::QueryPath(archive);
-  if (kind == platform::PathKind::kMissing || kind == platform::PathKind::kFolder) {
-    path += ".zip";
-    kind = platform::QueryPath(path.c_str());
-    if (kind == platform::PathKind::kMissing) return ZE_FILE_NOT_FOUND;
-  }
+  const std::string path = ArchivePath(archive);
+  const platform::PathKind kind = platform::QueryPath(path.c_str());
+  if (kind == platform::PathKind::kMissing) return ZE_FILE_NOT_FOUND;
   // Opening a pipe would wait for its other end.
   if (kind != platform::PathKind::kRegularFile) return ResultOf(kArchiveCannotOpen);
   ArchiveBuffers buffers;

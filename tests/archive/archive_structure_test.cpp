@@ -204,10 +204,19 @@ TEST_F(ArchiveStructure, LesserWarningsDoNotHideWhatIsWorse) {
   ZipArchive archive = {{{"one", "1"}, {"skipped", "2", 9}}};
   archive.offsetError = 20;
   EXPECT_EQ(Explode(archive), ZE_BAD_FORMAT);
+  EXPECT_EQ(ExplodeTold(archive), ZE_BAD_FORMAT);
+}
+
+// A pass that a member ends tells that member's status alone.
+TEST_F(ArchiveStructure, MemberThatEndsThePassHidesBadOffsets) {
   ZipMember wrong = {"wrong", "x"};
   wrong.crc = 1;
-  archive.members.push_back(wrong);
-  EXPECT_EQ(ExplodeTold(archive), ZE_BAD_FORMAT);
+  ZipArchive archive = {{{"one", "1"}, wrong, {"late", "3"}}};
+  archive.offsetError = 20;
+  EXPECT_EQ(ExplodeTold(archive), ZE_OK);
+  EXPECT_EQ(Tree(), (Names{"one=1", "wrong=x"}));
+  EXPECT_EQ(Explode(archive), ZE_BAD_FORMAT);
+  EXPECT_EQ(Tree(), (Names{"late=3", "one=1", "wrong=x"}));
 }
 
 TEST_F(ArchiveStructure, PatternWithoutAMatchIsWorseThanBadOffsets) {

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "archive/archive_records.h"
+#include "archive/extract_archive.h"
 #include "archive/extractable.h"
 #include "archive/find_directory.h"
 #include "archive/member_name.h"
@@ -12,20 +13,31 @@
 namespace tool {
 namespace {
 
-bool IsExpected(const zeapi::CentralHeader& header, const std::string& name,
-                const std::string& pattern) {
-  const std::string mapped = zeapi::MapMemberName(name);
-  if (!pattern.empty() && !zeapi::MatchesWildcard(mapped, pattern)) return false;
+bool IsTaken(const zeapi::CentralHeader& header, const std::string& name,
+             const std::string& pattern) {
+  if (!pattern.empty() && !zeapi::MatchesWildcard(zeapi::MapMemberName(name), pattern))
+    return false;
   return zeapi::VersionWillDo(header) && !zeapi::AsksFirst(header) &&
-         zeapi::IsUnpackable(header.facts) && !zeapi::MakeLocal(mapped).file.empty();
+         zeapi::IsUnpackable(header.facts);
+}
+
+// A member has the name of its own header. Without one it does not become what it was to be.
+bool IsFolder(zeapi::ArchiveFile& file, std::int64_t position) {
+  zeapi::MemberFacts facts;
+  std::string name;
+  file.Seek(position);
+  return position >= 0 && ReadLocalEntry(file, &facts, &name) == zeapi::kArchiveOk &&
+         zeapi::MakeLocal(zeapi::MapMemberName(name)).file.empty();
 }
 
 }  // namespace
 
-std::uint32_t CountFiles(const std::string& archive, const std::string& pattern) {
+std::string ArchivePath(const std::string& archive) { return zeapi::ArchivePath(archive.c_str()); }
+
+std::uint32_t CountFiles(const std::string& path, const std::string& pattern) {
   std::vector<std::uint8_t> buffer(zeapi::ArchiveFile::kBlock + zeapi::ArchiveFile::kSpare);
   zeapi::ArchiveFile file(buffer);
-  if (!file.Open(archive.c_str()) && !file.Open((archive + ".zip").c_str())) return 0;
+  if (!file.Open(path.c_str())) return 0;
   const zeapi::Directory directory = zeapi::FindDirectory(file);
   if (!directory.readable) return 0;
   file.Seek(directory.position);
@@ -34,7 +46,11 @@ std::uint32_t CountFiles(const std::string& archive, const std::string& pattern)
   std::string name;
   for (unsigned left = directory.entries; left > 0; --left) {
     if (ReadCentralEntry(file, &header, &name) != zeapi::kArchiveOk) break;
-    if (IsExpected(header, name, pattern)) ++count;
+    const std::int64_t next = file.position();
+    if (IsTaken(header, name, pattern) &&
+        !IsFolder(file, header.localOffset + directory.adjustment))
+      ++count;
+    file.Seek(next);
   }
   return count;
 }

@@ -6,8 +6,11 @@
 
 namespace tool {
 
+// The file that ZeZipExplode() takes for an archive of that name, before it extracts anything.
+std::string ArchivePath(const std::string& archive);
+
 // Files that an extraction is to make, as far as the directory can be read. Members that would be asked
-// about are not counted: nobody knows the answer. The name is one that ZeZipExplode() has taken.
-std::uint32_t CountFiles(const std::string& archive, const std::string& pattern);
+// about are not counted: nobody knows the answer.
+std::uint32_t CountFiles(const std::string& path, const std::string& pattern);
 
 }  // namespace tool

@@ -63,6 +63,30 @@ class Archive(program_case.ProgramCase):
         self.assertEqual((end["event"], end["result"], end["files"]), ("end", 43, 0))
         self.run_program("archive", "extract", "a.zip", "*e")
 
+    def test_member_named_like_the_archive_is_not_taken_for_it(self):
+        self.archive("inner.zip", {str(number): b"x" for number in range(5)})
+        self.archive("fonts.zip", {"fonts": self.read("inner.zip")})
+        done = self.run_program("archive", "extract", "fonts")
+        self.assertEqual(done.stdout, "Extracted 1 file from fonts.\n")
+        self.archive("p.zip", {"p": b"hello", "q": b"2", "r": b"3"})
+        data = bytearray(self.read("p.zip"))
+        data[data.index(b"q") - 30 + 14] ^= 1
+        self.write("p.zip", data)
+        done = self.run_program("archive", "extract", "p", exit_code=43)
+        self.assertIn("zeapi: cannot extract p behind 1 file of 3: the file is damaged", done.stderr)
+
+    # The directory's name may be a file's and the member's own a folder's, and the other way round.
+    def test_member_is_what_its_own_header_says(self):
+        for local, central, files in ((b"a/", b"ab", 0), (b"ab", b"a/", 1)):
+            self.archive("a.zip", {"xy": b""})
+            data = self.read("a.zip").replace(b"xy", local, 1).replace(b"xy", central)
+            self.write("a.zip", data)
+            self.assertEqual(self.answer_lines("a.zip")[-1]["files"], files)
+
+    def answer_lines(self, archive):
+        done = self.run_program("archive", "extract", archive, "--json")
+        return [json.loads(line) for line in done.stdout.splitlines()]
+
     def test_members_that_are_passed_over_are_no_failure(self):
         self.archive("a.zip", {"one": b"1", "two": b"2"})
         data = bytearray(self.read("a.zip"))

@@ -50,16 +50,15 @@ std::string Files(std::uint32_t count) {
 
 Report Extract(const ExtractOptions& options, Session& session) {
   const std::string named = options.archive;
-  std::uint32_t size = ZeFilQuerySize(named.c_str());
-  if (size == 0) size = ZeFilQuerySize((named + ".zip").c_str());
-  Extraction extraction = {session, !options.quiet, size};
+  // A member may come to be a file of the name that was given.
+  const std::string path = ArchivePath(options.archive);
+  Extraction extraction = {session, !options.quiet, ZeFilQuerySize(path.c_str())};
   extractionInForce = &extraction;
   Report report;
   report.command = "archive extract";
   report.result = ZeZipExplode(options.archive.c_str(), options.pattern.c_str(), OnFile);
   extractionInForce = nullptr;
-  const std::uint32_t expected =
-      report.result == ZE_OK ? CountFiles(options.archive, options.pattern) : 0;
+  const std::uint32_t expected = report.result == ZE_OK ? CountFiles(path, options.pattern) : 0;
   // The library calls that a warning and so a success: a CRC or a method that only the member tells.
   const bool endedEarly = extraction.files < expected;
   if (endedEarly) report.result = ZE_BAD_CHECKSUM;
