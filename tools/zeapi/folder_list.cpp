@@ -3,55 +3,25 @@
 #include <algorithm>
 #include <iomanip>
 #include <sstream>
-#include <vector>
 
 namespace tool {
-namespace {
 
-struct File {
-  std::string path;
-  std::uint32_t size;
-};
-
-// Takes the files out of the list, which runs from the one found last to the first, and releases it.
-std::vector<File> Files(ZeFoundFile* first) {
-  std::vector<File> files;
-  for (const ZeFoundFile* file = first; file != nullptr; file = file->next) {
-    files.push_back({file->path, file->size});
-  }
-  ZeFonFindFree(first);
-  std::reverse(files.begin(), files.end());
-  return files;
-}
-
-std::string Table(const std::vector<File>& files) {
-  std::ostringstream text;
-  for (const File& file : files) {
-    text << std::setw(10) << file.size << "  " << file.path << '\n';
-  }
-  text << "Files: " << files.size();
-  return text.str();
-}
-
-Json Listing(const std::vector<File>& files) {
-  Json listing = Json::array();
-  for (const File& file : files) listing.push_back({{"path", file.path}, {"size", file.size}});
-  return listing;
-}
-
-}  // namespace
-
-void AddFolderOptions(CLI::App& command, FolderOptions& options) {
+void AddFolderOptions(CLI::App& command, std::uint16_t most, FolderOptions& options) {
   command.add_option("directory", options.directory, "Folder")->required()->type_name("DIR");
   command.add_option("--limit", options.limit, "So many files at most")
-      ->check(CLI::Range(1, 32767))
+      ->check(CLI::Range(1, int{most}))
       ->type_name("N");
   command.add_flag("--recurse", options.recurse,
                    "Look through the folders within as well; what they hold is not listed");
 }
 
-Report ReportFolder(const std::string& command, const std::string& what,
-                    const FolderOptions& options, const Search& search) {
+FoundFiles::FoundFiles(ZeFoundFile* first) : first_(first) {
+  for (const ZeFoundFile* file = first; file != nullptr; file = file->next) files_.push_back(file);
+  std::reverse(files_.begin(), files_.end());
+}
+
+Report ReportFolder(const std::string& command, const FolderOptions& options,
+                    const std::function<void(Report&)>& tell) {
   Report report;
   report.command = command;
   report.cannot = "list " + options.directory;
@@ -59,13 +29,23 @@ Report ReportFolder(const std::string& command, const std::string& what,
   // The library has one answer for a folder without such files and for none.
   if (ZeFilExists(options.directory.c_str()) == 0) {
     report.result = ZE_FILE_NOT_FOUND;
-    return report;
+  } else {
+    tell(report);
   }
-  std::int16_t count = options.limit;
-  const std::vector<File> files = Files(search(&count));
-  report.done = Table(files);
-  report.fields[what] = Listing(files);
   return report;
+}
+
+void TellFiles(const FoundFiles& files, const std::string& what, Report& report) {
+  std::ostringstream text;
+  Json listing = Json::array();
+  for (const ZeFoundFile* file : files) {
+    const std::uint32_t size = file->size;  // not aligned in its record
+    text << std::setw(10) << size << "  " << file->path << '\n';
+    listing.push_back({{"path", file->path}, {"size", size}});
+  }
+  text << "Files: " << files.size();
+  report.done = text.str();
+  report.fields[what] = listing;
 }
 
 }  // namespace tool

@@ -31,6 +31,7 @@ class Demo(program_case.ProgramCase):
             [demo["path"] for demo in self.answer("demo", "list", "folder")["demos"]],
             ["folder\\a.pcl", "folder\\b"])
         self.assertEqual(len(self.answer("demo", "list", "folder", "--limit", "1")["demos"]), 1)
+        self.run_program("demo", "list", "none", exit_code=2)
 
 
 if __name__ == "__main__":

@@ -11,7 +11,7 @@ class Font(program_case.ProgramCase):
         b"\x1b)s64W" + b"\0\x40\0\1" + bytes(10) + b"\x01\x15\0\x78\0\xc8" + bytes(4)
         + b"\3\x03\x10" + bytes(21) + b"Courier".ljust(16, b"\0") + b"characters"
     )  # fmt: skip
-    PFB = b"\x80\1\x11\0\0\0/FontName /Times\n\x80\2\2\0\0\0\xab\x0c\x80\3"
+    PFB = b"\x80\1\x11\0\0\0/FontName /Times \x80\2\2\0\0\0\xab\x0c\x80\3"
 
     def test_info_of_a_soft_font(self):
         self.write("font.sfp", self.PCL)
@@ -113,6 +113,17 @@ class Font(program_case.ProgramCase):
         self.assertEqual(self.answer("font", "list", "none", exit_code=2)["result"], 2)
         self.run_program("font", "list", "empty", "--type", "29", exit_code=64)
 
+    def test_lists_of_all_families_take_the_same_options(self):
+        self.make_folder()
+        for family, most in (("font", 65535), ("demo", 32767), ("macro", 32767)):
+            with self.subTest(family):
+                words = (family, "list", "fonts")
+                self.run_program(*words, "--limit", str(most), "--recurse")
+                for limit in ("0", str(most + 1), "-1"):
+                    self.run_program(*words, "--limit", limit, exit_code=64)
+                usage = self.run_program(family, "list", "--help").stdout
+                self.assertIn("what they hold is not listed", " ".join(usage.split()))
+
     def test_list_shows_how_far_it_is(self):
         self.make_folder()
         done = self.run_program("font", "list", "fonts", "--progress")
@@ -161,7 +172,7 @@ class Font(program_case.ProgramCase):
         self.run_program("font", "send", "font.pfb", "-p", "out", "--query-option", "4")
         job = self.read("out")
         self.assertEqual(job[:20], b"%% BeginExitServer 0")
-        self.assertEqual(job[103:], b"/FontName /Times\nAB0C%!\x04")
+        self.assertEqual(job[103:], b"/FontName /Times AB0C%!\x04")
 
     def test_send_in_ppds_blocks(self):
         self.write("font.pfb", self.PFB)

@@ -1,4 +1,5 @@
 // zeapi demo: demonstration pages that a printer stores.
+#include <limits>
 #include <memory>
 
 #include "choice.h"
@@ -80,10 +81,13 @@ void AddListOfDemos(CLI::App& family, Session& session) {
   CLI::App* command = session.AddCommand(
       family, "list", "List the files of a folder that may be demos",
       "All files but system files.\nJSON: \"directory\", \"demos\": each with \"path\", \"size\".");
-  AddFolderOptions(*command, *options);
+  AddFolderOptions(*command, std::numeric_limits<std::int16_t>::max(), *options);
   command->callback([options, &session] {
-    session.Finish(ReportFolder("demo list", "demos", *options, [options](std::int16_t* count) {
-      return ZeDemFind(options->directory.c_str(), count, 0, options->recurse ? 1 : 0);
+    session.Finish(ReportFolder("demo list", *options, [&](Report& report) {
+      auto count = static_cast<std::int16_t>(options->limit);
+      const FoundFiles files(
+          ZeDemFind(options->directory.c_str(), &count, 0, options->recurse ? 1 : 0));
+      TellFiles(files, "demos", report);
     }));
   });
 }

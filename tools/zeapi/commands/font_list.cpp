@@ -3,10 +3,11 @@
 
 #include <algorithm>
 #include <iomanip>
+#include <limits>
 #include <memory>
 #include <sstream>
-#include <vector>
 
+#include "folder_list.h"
 #include "font_record.h"
 #include "progress_bar.h"
 
@@ -18,12 +19,10 @@ constexpr std::uint32_t kAllKinds = 5;
 constexpr std::chrono::milliseconds kPatience(1000);
 
 struct ListOptions {
-  std::string directory;
+  FolderOptions folder;
   std::uint32_t type = kAllTypes;
   std::uint32_t kind = kAllKinds;
   std::uint32_t queryOption = 0;
-  std::uint16_t limit = 0;
-  bool recurse = false;
   bool progress = false;
 };
 
@@ -34,36 +33,24 @@ void ZEAPI_CALL ShowProgress(const ZeFontInfo*, std::uint32_t percent) {
   if (barInForce != nullptr) barInForce->Show(percent);
 }
 
-using FoundList = std::unique_ptr<ZeFoundFile, void (*)(ZeFoundFile*)>;
-
-void Release(ZeFoundFile* first) { ZeFonFindFree(first); }
-
-FoundList Find(const ListOptions& options, Session& session) {
+ZeFoundFile* Find(const ListOptions& options, Session& session) {
   // For programs there is no bar, unless they ask for one.
   const bool draws = options.progress || !session.WantsJson();
   ProgressBar bar(session.Err(), options.progress ? std::chrono::milliseconds(0) : kPatience);
   barInForce = draws ? &bar : nullptr;
-  std::uint16_t count = options.limit;
-  FoundList found(ZeFonFind2(options.directory.c_str(), &count, options.type, options.kind,
-                             options.queryOption, options.recurse ? 1 : 0, ShowProgress),
-                  Release);
+  std::uint16_t count = options.folder.limit;
+  ZeFoundFile* found =
+      ZeFonFind2(options.folder.directory.c_str(), &count, options.type, options.kind,
+                 options.queryOption, options.folder.recurse ? 1 : 0, ShowProgress);
   barInForce = nullptr;
   return found;
-}
-
-// In the order in which they were found; the list runs the other way.
-std::vector<const ZeFoundFile*> InOrder(const ZeFoundFile* first) {
-  std::vector<const ZeFoundFile*> files;
-  for (; first != nullptr; first = first->next) files.push_back(first);
-  std::reverse(files.begin(), files.end());
-  return files;
 }
 
 const ZeFontInfo& RecordOf(const ZeFoundFile& file) {
   return *static_cast<const ZeFontInfo*>(file.info);
 }
 
-std::string Table(const std::vector<const ZeFoundFile*>& files) {
+std::string Table(const FoundFiles& files) {
   std::ostringstream text;
   std::size_t widest = 0;
   for (const ZeFoundFile* file : files) {
@@ -79,7 +66,7 @@ std::string Table(const std::vector<const ZeFoundFile*>& files) {
   return text.str();
 }
 
-Json Listing(const std::vector<const ZeFoundFile*>& files) {
+Json Listing(const FoundFiles& files) {
   Json fonts = Json::array();
   for (const ZeFoundFile* file : files) {
     const std::uint32_t size = file->size;  // not aligned in its record
@@ -91,20 +78,11 @@ Json Listing(const std::vector<const ZeFoundFile*>& files) {
 }
 
 void List(const ListOptions& options, Session& session) {
-  Report report;
-  report.command = "font list";
-  report.cannot = "list " + options.directory;
-  report.fields = {{"directory", options.directory}};
-  // The library has one answer for a folder without fonts and for none.
-  if (ZeFilExists(options.directory.c_str()) == 0) {
-    report.result = ZE_FILE_NOT_FOUND;
-  } else {
-    const FoundList found = Find(options, session);
-    const std::vector<const ZeFoundFile*> files = InOrder(found.get());
+  session.Finish(ReportFolder("font list", options.folder, [&](Report& report) {
+    const FoundFiles files(Find(options, session));
     report.done = Table(files);
     report.fields["fonts"] = Listing(files);
-  }
-  session.Finish(report);
+  }));
 }
 
 }  // namespace
@@ -116,7 +94,7 @@ void AddFontList(CLI::App& family, Session& session) {
       std::string("Of fonts with the same description the first is listed.\n"
                   "JSON: \"directory\", \"fonts\": each with \"path\", \"size\", ") +
           kRecordFields + ".");
-  command->add_option("directory", options->directory, "Folder")->required()->type_name("DIR");
+  AddFolderOptions(*command, std::numeric_limits<std::uint16_t>::max(), options->folder);
   command
       ->add_option("--type", options->type,
                    "Fonts of this format only; 10 PCL, 12, 14, 16 and 27 parts of it, 26 all")
@@ -129,8 +107,6 @@ void AddFontList(CLI::App& family, Session& session) {
       ->add_option("--query-option", options->queryOption,
                    "Companion files that must be there: 2, 4, or 5 for 4 if there are any")
       ->type_name("N");
-  command->add_option("--limit", options->limit, "So many fonts at most")->type_name("N");
-  command->add_flag("--recurse", options->recurse, "Look through the folders within as well");
   command->add_flag("--progress", options->progress,
                     "Show at once how far it is, not only when it takes long");
   command->callback([options, &session] { List(*options, session); });

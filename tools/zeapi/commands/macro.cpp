@@ -1,4 +1,5 @@
 // zeapi macro: macros and overlays.
+#include <limits>
 #include <memory>
 #include <optional>
 
@@ -199,13 +200,16 @@ void AddListOfMacros(CLI::App& family, Session& session) {
       session.AddCommand(family, "list", "List the files of a folder that may be stored as macros",
                          "Writes the work file fixup.mac in the current directory.\n"
                          "JSON: \"directory\", \"macros\": each with \"path\", \"size\".");
-  AddFolderOptions(*command, options->folder);
+  AddFolderOptions(*command, std::numeric_limits<std::int16_t>::max(), options->folder);
   AddLanguage(*command, options->macro);
   command->callback([options, &session] {
     const auto kind = static_cast<std::uint32_t>(DestinationOf(options->macro).language);
     const FolderOptions& folder = options->folder;
-    session.Finish(ReportFolder("macro list", "macros", folder, [&](std::int16_t* count) {
-      return ZeMacFind(folder.directory.c_str(), count, kind, 0, folder.recurse ? 1 : 0);
+    session.Finish(ReportFolder("macro list", folder, [&](Report& report) {
+      auto count = static_cast<std::int16_t>(folder.limit);
+      const FoundFiles files(
+          ZeMacFind(folder.directory.c_str(), &count, kind, 0, folder.recurse ? 1 : 0));
+      TellFiles(files, "macros", report);
     }));
   });
 }
