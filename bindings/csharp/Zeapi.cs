@@ -380,6 +380,7 @@ namespace Zeapi
     /// Where and how a job goes; 48 bytes. The caller fills it, the library only reads it, but that
     /// ZeDemDownload() sets language. Fields named reserved are not read and may carry anything.
     /// </summary>
+    [BestFitMapping(false, ThrowOnUnmappableChar = true)]
     [StructLayout(LayoutKind.Sequential, Pack = 1, CharSet = CharSet.Ansi)]
     public struct ZeDestination
     {
@@ -423,6 +424,7 @@ namespace Zeapi
     }
 
     /// <summary>A printer macro or overlay; 40 bytes. Fields named reserved are not read.</summary>
+    [BestFitMapping(false, ThrowOnUnmappableChar = true)]
     [StructLayout(LayoutKind.Sequential, Pack = 1, CharSet = CharSet.Ansi)]
     public struct ZeMacroInfo
     {
@@ -483,6 +485,7 @@ namespace Zeapi
     /// are cut to their field. A companion file's path that does not fit its field counts as
     /// missing.
     /// </summary>
+    [BestFitMapping(false, ThrowOnUnmappableChar = true)]
     [StructLayout(LayoutKind.Sequential, Pack = 1, CharSet = CharSet.Ansi)]
     public struct ZeFontInfo
     {
@@ -524,6 +527,7 @@ namespace Zeapi
     /// <summary>
     /// A demonstration page to be stored; 37 bytes. Fields named reserved are not read.
     /// </summary>
+    [BestFitMapping(false, ThrowOnUnmappableChar = true)]
     [StructLayout(LayoutKind.Sequential, Pack = 1, CharSet = CharSet.Ansi)]
     public struct ZeDemoInfo
     {
@@ -548,6 +552,7 @@ namespace Zeapi
     /// A file that a search found; 277 bytes. The list runs from the file found last to the first
     /// one and belongs to the caller, who gives it back as a whole with ZeFonFindFree().
     /// </summary>
+    [BestFitMapping(false, ThrowOnUnmappableChar = true)]
     [StructLayout(LayoutKind.Sequential, Pack = 1, CharSet = CharSet.Ansi)]
     public struct ZeFoundFile
     {
@@ -573,6 +578,7 @@ namespace Zeapi
     /// Accounting of one job. A field's name tells the elements it comes from, below element 2 of
     /// the record; what the printer means by them is the printer's own. Texts are zero-terminated.
     /// </summary>
+    [BestFitMapping(false, ThrowOnUnmappableChar = true)]
     [StructLayout(LayoutKind.Sequential, Pack = 1, CharSet = CharSet.Ansi)]
     public struct ZeJobAccountJob
     {
@@ -607,6 +613,7 @@ namespace Zeapi
     /// <summary>
     /// Running totals of the printer, from the elements below element 3 of the record.
     /// </summary>
+    [BestFitMapping(false, ThrowOnUnmappableChar = true)]
     [StructLayout(LayoutKind.Sequential, Pack = 1, CharSet = CharSet.Ansi)]
     public struct ZeJobAccountTotals
     {
@@ -682,8 +689,10 @@ namespace Zeapi
     }
 
     /// <summary>
-    /// A record: a printer setting or command. Texts are zero-terminated within their fields.
+    /// A record: a printer setting or command. Texts are zero-terminated within their fields. A key of
+    /// six characters, which has no terminator, cannot be asked for here: five of them get through.
     /// </summary>
+    [BestFitMapping(false, ThrowOnUnmappableChar = true)]
     [StructLayout(LayoutKind.Sequential, Pack = 1, CharSet = CharSet.Ansi)]
     public struct ZeDatRecord
     {
@@ -720,6 +729,7 @@ namespace Zeapi
     }
 
     /// <summary>A listed file.</summary>
+    [BestFitMapping(false, ThrowOnUnmappableChar = true)]
     [StructLayout(LayoutKind.Sequential, Pack = 1, CharSet = CharSet.Ansi)]
     public struct ZeDatFileInfo
     {
@@ -1080,11 +1090,17 @@ namespace Zeapi
         public static extern ZeResult ZeFilChecksum(
             string path, int handle, uint skip, ref ushort result);
 
-        /// <summary>Copies the file name of a path, in upper case; room for it.</summary>
+        /// <summary>
+        /// Copies the file name of a path, in upper case; room for it. The result is a place that is gone
+        /// when the call is over.
+        /// </summary>
         [DllImport(Dll, CallingConvention = StdCall, CharSet = Ansi, ExactSpelling = true)]
         public static extern IntPtr ZeStrCpyFile(StringBuilder destination, string path);
 
-        /// <summary>Copies what stands before the file name; room for it.</summary>
+        /// <summary>
+        /// Copies what stands before the file name; room for it. The result is a place that is gone when
+        /// the call is over.
+        /// </summary>
         [DllImport(Dll, CallingConvention = StdCall, CharSet = Ansi, ExactSpelling = true)]
         public static extern IntPtr ZeStrCpyPath(StringBuilder destination, string path);
 

@@ -10,7 +10,7 @@ The header zeapi.h is the reference. Every call, record, enumeration and constan
 and every call is there as it is in C: library.ZeDatSendFile(b"page.pcl", b"Laser", printer, 0). The
 methods with names in lower case are for everyday use:
 
-- A result that is not 0 raises Error, which has its code and words.
+- A result that is neither 0 nor a default (48) raises Error, which has its code and words.
 - Texts are given as str, bytes or a path and come back as str, in the 8-bit encoding of the file
   system. Texts within records stay bytes; decode() turns them into str.
 - Paths are Windows paths on every host, those that come back with a backslash.
@@ -834,8 +834,14 @@ class OptionGroup(NamedTuple):
 # The library is one for the process, however often it is loaded. Callbacks may call it again.
 _LOCK = threading.RLock()
 
-# How many files a search lists at most.
+# How many files a search lists where nobody says.
 _MOST = 32767
+
+
+def _limit(limit, most):
+    if limit is not None and limit < 0:
+        raise ValueError("a limit is not negative")
+    return min(limit, most) if limit else _MOST
 
 
 def _optional(text):
@@ -996,7 +1002,7 @@ class Library:
                 self._value("ZeFonFindFree", first)
                 raise
 
-        return self._found("ZeFonFind2", search, directory, c_uint16(limit or _MOST), recurse)
+        return self._found("ZeFonFind2", search, directory, c_uint16(_limit(limit, 0xFFFF)), recurse)
 
     @staticmethod
     def _without_cartridge(font):
@@ -1060,7 +1066,7 @@ class Library:
         def search(name, directory, count):
             return self._value(name, directory, count, language, 0, recurse)
 
-        return self._found("ZeMacFind", search, directory, c_int16(limit or _MOST), recurse)
+        return self._found("ZeMacFind", search, directory, c_int16(_limit(limit, 0x7FFF)), recurse)
 
     def download_demo(self, file, printer, destination, demo):
         """Stores a demonstration page on a printer; `destination.language` is overwritten."""
@@ -1072,7 +1078,7 @@ class Library:
         def search(name, directory, count):
             return self._value(name, directory, count, 0, recurse)
 
-        return self._found("ZeDemFind", search, directory, c_int16(limit or _MOST), recurse)
+        return self._found("ZeDemFind", search, directory, c_int16(_limit(limit, 0x7FFF)), recurse)
 
     # INI files and panels
 

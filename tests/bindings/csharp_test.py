@@ -173,6 +173,17 @@ class CSharp(unittest.TestCase):
                 self.assertEqual(layout(attribute, fields), (size, list(offsets.items())))
                 self.assertRegex(attribute, r"^LayoutKind\.Sequential, .*CharSet = CharSet\.Ansi$")
 
+    def test_texts_that_cannot_be_written_in_the_encoding_throw_everywhere(self):
+        strict = "[BestFitMapping(false, ThrowOnUnmappableChar = true)]"
+        parts = re.split(r"(?:public struct|internal static class|public static class) ", CODE)
+        with_text = 0
+        for before, declared in zip(parts, parts[1:]):
+            name, body = declared.split("\n", 1)
+            if "string " in body or "StringBuilder " in body:
+                with_text += 1
+                self.assertIn(strict, before[before.rindex("\n    }" if "\n    }" in before else "\n"):], name)
+        self.assertGreater(with_text, 9)
+
     def test_fields_have_the_types_of_the_header(self):
         records = structures()
         for name, stated in interface.fields().items():

@@ -177,10 +177,21 @@ class Calls(LibraryCase):
         self.assertEqual([(font.size, font.info.format) for font in found], [(256, 25), (256, 25)])
         self.assertEqual(sum(font == 25 for font, _ in told), 2)
         self.assertEqual(told[-1][1], 100)
-        self.assertEqual(len(list(self.library.find_fonts("fonts", limit=1))), 1)
         self.assertEqual(list(self.library.find_fonts("c")), [])
         with self.fails("ZeFonFind2", zeapi.ZE_INVALID_ARGUMENT):
             list(self.library.find_fonts("fonts", types=99))
+
+    def test_limits_of_searches_are_not_wrapped(self):
+        self.write("fonts/a.pfm", metrics(b"Courier"))
+        self.write("fonts/b.pfm", metrics(b"Elite"))
+        self.write("none/c.exe", b"")
+        for search in (self.library.find_fonts, self.library.find_demos):
+            for limit, found in ((1, 1), (None, 2), (0, 2), (32768, 2), (65535, 2), (65536, 2), (65537, 2)):
+                with self.subTest(search=search.__name__, limit=limit):
+                    self.assertEqual(len(list(search("fonts", limit=limit))), found)
+                    self.assertLess(len(list(search("none", limit=limit))), 2)
+            with self.assertRaisesRegex(ValueError, "not negative"):
+                list(search("fonts", limit=-1))
 
     def watch_releases(self):
         """Tells for each list that is released whether there is one."""
