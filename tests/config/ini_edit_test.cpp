@@ -302,6 +302,20 @@ TEST_F(IniCloseTest, LineEndsAreTheHostsOwn) {
 
 TEST_F(IniCloseTest, NullHandleGives0) { EXPECT_EQ(ZeIniClose(nullptr), 0U); }
 
+// What a caller was given stays where it is while the new text fits.
+TEST_F(IniWriteTest, ValueThatFitsIsWrittenInPlace) {
+  Open("[s]\nkey=value\n");
+  const char* text = ZeIniRead(handle, "s", "key");
+  EXPECT_EQ(ZeIniWrite(handle, "s", "key", "other"), 1U);
+  EXPECT_EQ(ZeIniRead(handle, "s", "key"), text);
+  EXPECT_STREQ(text, "other");
+  EXPECT_EQ(ZeIniWrite(handle, "s", "key", "x"), 1U);
+  EXPECT_EQ(ZeIniRead(handle, "s", "key"), text);
+  EXPECT_STREQ(text, "x");
+  EXPECT_EQ(ZeIniWrite(handle, "s", "key", "longer"), 1U);
+  EXPECT_STREQ(ZeIniRead(handle, "s", "key"), "longer");
+}
+
 class IniLongestTest : public IniTest {
  protected:
   std::uint32_t Longest() const { return static_cast<IniFile*>(handle)->longest; }

@@ -172,6 +172,11 @@ TEST_F(PanelRegistryTest, LongDirectoryGivesNull) {
   EXPECT_EQ(ZeOpcUnregisterCfg(ZeOpcRegisterCfg(1, nullptr)), 1U);
 }
 
+TEST_F(PanelRegistryTest, EmptyDirectoryIsTheRoot) {
+  WriteFile("opc001.cfg", "a=1\n");
+  EXPECT_EQ(ZeOpcRegisterCfg(1, ""), nullptr);
+}
+
 // Queries take any INI handle.
 class PanelTest : public IniTest {
  protected:
@@ -230,6 +235,12 @@ TEST_F(PanelTest, SubIndexFollowsADash) {
   Close();
   OpenStyle("1", "[Combos]\n26-3=7\n");
   EXPECT_EQ(Texts(26, 3, 2), 1);
+}
+
+TEST_F(PanelTest, SubIndexHas32BitsAndNoSign) {
+  OpenStyle("1", "[Combos]\n26-65536=1\n26-4294967295=1;2\n");
+  EXPECT_EQ(Texts(26, 65536, 2), 1);
+  EXPECT_EQ(Texts(26, -1, 4), 2);
 }
 
 class PanelSpinTest : public PanelTest {

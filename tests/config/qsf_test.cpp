@@ -145,6 +145,24 @@ TEST_F(QsfTest, WithBothFlagsABlockHasAPrefix) {
   EXPECT_BYTES(Block(16), Bytes("\x0A\0\0\0\0\x03") + "0123456789");
 }
 
+TEST_F(QsfTest, WithBothFlagsEveryBlockHasItsOwnPrefix) {
+  ASSERT_EQ(Open(QsfImage()
+                     .Byte(5, 1)
+                     .Byte(6, 1)
+                     .Block(1, 74, 1)
+                     .Block(2, 74, 2)
+                     .Block(5, 77, 259)
+                     .Append("bbbccccc")
+                     .Summed()),
+            ZE_OK);
+  EXPECT_EQ(Get(1), ZE_OK);
+  EXPECT_BYTES(Block(6), Bytes("\0\0\0\0\0\x01"));
+  EXPECT_EQ(Get(2), ZE_OK);
+  EXPECT_BYTES(Block(9), Bytes("\x03\0\0\0\0\x02") + "bbb");
+  EXPECT_EQ(Get(5), ZE_OK);
+  EXPECT_BYTES(Block(11), Bytes("\x05\0\0\0\x01\x03") + "ccccc");
+}
+
 TEST_F(QsfTest, BlockWithoutVariablesIsNoBlock) {
   ASSERT_EQ(Open(QsfImage().Block(1, 9999, 0).Append("aaaa").Summed()), ZE_OK);
   for (const std::uint32_t number : {1U, 2U, 5U}) {

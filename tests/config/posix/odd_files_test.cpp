@@ -106,5 +106,42 @@ TEST_F(ConfigHostTest, QsfFileOpensWhereStandardInputIsClosed) {
   ZeMemFree(block);
 }
 
+// Windows itself opens no paths of 260 characters.
+class LongestPathTest : public IniTest {
+ protected:
+  // A name in the current folder, spelled with so many characters.
+  static std::string Padded(const std::string& name, std::size_t size) {
+    return "." + std::string(size - 1 - name.size(), '/') + name;
+  }
+};
+
+TEST_F(LongestPathTest, OfAnIniFileIsOpenedAndWrittenBack) {
+  WriteFile(kFile, "[s]\na=1\n");
+  handle = ZeIniOpen2(Padded(kFile, 260).c_str(), ZE_INI_UPDATE);
+  ASSERT_NE(handle, nullptr);
+  EXPECT_EQ(ZeIniWrite(handle, "s", "a", "2"), 1U);
+  EXPECT_EQ(Close(), 1U);
+  EXPECT_EQ(ReadFile(kFile), "[s]\na=2\n");
+  EXPECT_EQ(ZeIniOpen2(Padded(kFile, 261).c_str(), ZE_INI_UPDATE), nullptr);
+}
+
+TEST_F(LongestPathTest, OfAQsfFileIsOpened) {
+  WriteFile("file.qsf", QsfImage().Summed());
+  void* file = nullptr;
+  EXPECT_EQ(ZeQsfOpen(Padded("file.qsf", 260).c_str(), 7, &file), ZE_OK);
+  ZeQsfClose(file);
+  EXPECT_EQ(ZeQsfOpen(Padded("file.qsf", 261).c_str(), 7, &file), ZE_OPEN_FAILED);
+}
+
+TEST_F(LongestPathTest, OfAPanelIsThatOfDirectoryAndName) {
+  fs::create_directory("panels");
+  WriteFile("panels/opc001.cfg", "a=1\n");
+  const std::size_t most = 260 - std::string_view("\\opc001.cfg").size();
+  void* panel = ZeOpcRegisterCfg(1, Padded("panels", most).c_str());
+  EXPECT_NE(panel, nullptr);
+  EXPECT_EQ(ZeOpcUnregisterCfg(panel), 1U);
+  EXPECT_EQ(ZeOpcRegisterCfg(1, Padded("panels", most + 1).c_str()), nullptr);
+}
+
 }  // namespace
 }  // namespace zeapi::testing
