@@ -348,7 +348,8 @@ typedef struct ZeFontInfo {
                                 style of the INF companion. */
   char symbolSet[6];       /**< 184: PCL symbol set code such as "8U"; empty when unbound. */
   char companionFile[260]; /**< 190: companion that download or conversion needs. */
-  char metricsFile[260];   /**< 450: Windows metrics file that belongs to the font. */
+  char metricsFile[260];   /**< 450: metrics file that belongs to the font: Windows metrics, the DLF
+                                of an FMF, the TFM of a scalable PCL font that a search found. */
   ZeCartridge* cartridge;  /**< 710: PCM files only, otherwise null. */
 } ZeFontInfo;
 ZEAPI_ASSERT_OFFSET(ZeFontInfo, flags, 0);
@@ -702,7 +703,8 @@ ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeDatSendString(const char* text, const char* p
  * @param conversion  ZeFontConversion.
  * @return ZE_OK; ZE_INVALID_ARGUMENT (no font file, a name too long; then, for a file that exists, an
  *         unknown conversion, or no record or path for 6 and 16); ZE_FILE_NOT_FOUND (the font file or
- *         the INF); ZE_OPEN_FAILED (an input cannot be opened, the output cannot be created);
+ *         the INF); ZE_OPEN_FAILED (an input cannot be opened or is no regular file, the output cannot
+ *         be created; conversion 16: the font file does not begin as a PCL soft font);
  *         ZE_WRITE_FAILED (AFM); ZE_OUT_OF_MEMORY; ZE_BAD_FORMAT: the input is not what the
  *         conversion wants, or is damaged; ZE_COPY_FAILED: Windows metrics could not be written whole.
  */
@@ -782,7 +784,8 @@ ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeFonDownload(const char* fontFile, const char*
  * @param count       in: how many fonts are wanted at most, 0 for 32767; out: how many were listed.
  * @param typeFilter  1 to 28. 10: formats 8, 9, 11, 13, 15, 17, 18, 20. 12: 11, 17. 14: 9, 13, 17.
  *        16: as 10 without 11. 26: all. 27: as 16 with 25 and 28, but no Windows metrics for the
- *        device "PostScript" and none with an SFS file of their name. Any other: that format.
+ *        device "PostScript" or "Postscript" and none with an SFS file of their name. Any other: that
+ *        format.
  * @param kindFilter  1 to 6: fonts of that kind; 5 and 6: of any.
  * @param queryOption as of ZeFonQueryInfo(); a font whose query does not give ZE_OK is left out.
  *        Metric files are included unless `kindFilter` is 3.
@@ -949,7 +952,7 @@ ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeIniDelete(void* handle, const char* section, 
  * control is named by its key: its identifier in decimal, or where `[Format]` has a `Style` of 2 or more
  * in four lower-case hexadecimal digits (`001a`), then `-` and the sub-index unless that is 0. Values
  * longer than 3999 characters are cut; empty entries of lists are passed over. Identifiers, pages and
- * sizes have 16 bits.
+ * sizes have 16 bits; a sub-index keeps its 32 and is written without a sign.
  *
  * Queries that give a list return with a null buffer the bytes that it takes. A buffer that is too
  * small gets that number in its first 16-bit word, if it has room for one, and the call returns -1.
@@ -961,7 +964,8 @@ ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeIniDelete(void* handle, const char* section, 
  * Loads the file of a panel, or adds a use to the one that is loaded. The process has five places; a
  * panel whose file does not open keeps its place.
  * @param panel      identifier; a negative one is formatted as an unsigned 32-bit number.
- * @param directory  where the file is, or null for the current directory; 260 characters count.
+ * @param directory  where the file is; null: the current directory; empty: the root of the drive. 260
+ *                   characters count.
  * @return a handle for the calls below and those on INI files, or null.
  */
 ZEAPI_EXPORT void* ZEAPI_CALL ZeOpcRegisterCfg(int32_t panel, const char* directory) ZEAPI_NOEXCEPT;
@@ -1054,7 +1058,7 @@ ZEAPI_EXPORT int16_t ZEAPI_CALL ZeOpcGetPageOmVars(void* handle, int32_t page, v
 
 /**
  * Opens a binary QSF file and checks its header.
- * @param path    the file.
+ * @param path    at most ZE_MAX_NAME characters; null and longer ones do not open.
  * @param type    the type that the file must have (low 8 bits).
  * @param handle  receives a handle for ZeQsfClose(), null on failure.
  * @return ZE_OK; ZE_INVALID_ARGUMENT (null `handle`); ZE_OPEN_FAILED (also for what is no regular file
@@ -1273,7 +1277,7 @@ ZEAPI_EXPORT void ZEAPI_CALL ZeDatQueryFilesFree(ZeDatFileInfo* list) ZEAPI_NOEX
 /** @name Web links
  *
  * Addresses of support topics, on the site that the library was built for. Nothing is connected. Every
- * failure empties the buffer.
+ * failure empties the buffer, if it has a size.
  */
 /** @{ */
 
@@ -1300,8 +1304,8 @@ enum ZeWebTopic {
  *                  topic in upper case, `[LANGUAGE]` and `[PRINTER]` by the number. An empty segment is
  *                  left out.
  * @return ZE_OK; ZE_DEFAULT_USED (the last part that was looked up was not in the file);
- *         ZE_INVALID_ARGUMENT; ZE_OUT_OF_MEMORY; ZE_BUFFER_TOO_SMALL; ZE_UNKNOWN_TYPE (no such
- *         printer).
+ *         ZE_INVALID_ARGUMENT (null `buffer`, no such topic, `size` 0 with an INI file); ZE_OUT_OF_MEMORY;
+ *         ZE_BUFFER_TOO_SMALL; ZE_UNKNOWN_TYPE (no such printer).
  */
 ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeWebGetURL(int32_t printer, int32_t topic, int32_t language,
                                              char* buffer, uint32_t size, void* ini) ZEAPI_NOEXCEPT;
@@ -1313,7 +1317,7 @@ ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeWebGetURL(int32_t printer, int32_t topic, int
  * @param language       Windows language identifier (low 16 bits) of the language code.
  * @param buffer         receives the address.
  * @param size           bytes of `buffer`: one more than the address and its terminator take.
- * @return ZE_OK; ZE_INVALID_ARGUMENT; ZE_BUFFER_TOO_SMALL.
+ * @return ZE_OK; ZE_INVALID_ARGUMENT (also `size` 0); ZE_BUFFER_TOO_SMALL.
  */
 ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeWebGetCGIURL(uint32_t family, uint32_t model, uint32_t topic,
                                                 uint32_t language, char* buffer,
@@ -1488,7 +1492,7 @@ ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeFilQuerySize(const char* path) ZEAPI_NOEXCEPT
 
 /**
  * Copies a file over whatever the destination holds.
- * @param source       the file.
+ * @param source       the file; nothing but a regular one is found.
  * @param destination  the copy.
  * @return ZE_OK; ZE_INVALID_ARGUMENT; ZE_FILE_NOT_FOUND (file or folder); ZE_ACCESS_DENIED;
  *         ZE_NOT_DOS_DISK; ZE_DISK_FULL; ZE_BAD_FORMAT (bad name); ZE_DRIVE_LOCKED;
@@ -1511,7 +1515,7 @@ ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeFilBackup(const char* source, char* backupNam
 /**
  * Rewrites a text file line by line through a callback. Lines longer than 2047 characters come in
  * pieces. An emptied line is dropped. The file is replaced only after every line went well.
- * @param path      the file.
+ * @param path      the file; nothing but a regular one opens.
  * @param value     handed to the callback.
  * @param callback  is handed each line.
  * @return ZE_OK; ZE_INVALID_ARGUMENT (null callback); ZE_OPEN_FAILED; ZE_CLOSE_FAILED;
@@ -1536,7 +1540,7 @@ ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeFilMakePath(const char* path, char* created) 
  * Computes the 16-bit checksum of a file: the sum of its little-endian words, negated. The last
  * byte of a file of odd length counts as a word whose high byte is that of the word before (0 when
  * there is none).
- * @param path    file to open; null or empty: `handle` is used.
+ * @param path    file to open, nothing but a regular one; null or empty: `handle` is used.
  * @param handle  open file handle (`_lopen`; elsewhere a file descriptor), read from its start. It
  *                is closed when `path` is empty but not null.
  * @param skip    1-based number of a word to leave out, 0 for none (low 16 bits). In files longer
@@ -1602,14 +1606,14 @@ ZEAPI_EXPORT char* ZEAPI_CALL ZeStrCpyPath(char* destination, const char* path) 
  *                  Letters outside sets match in either case. At most ZE_MAX_NAME characters.
  * @param progress  null, or told of each file. With it the first member that is not perfect ends the
  *                  call, be it that its header, its name, its folder or its file is of no use, or that its
- *                  data is damaged (a wrong CRC alone leaves the result ZE_OK); that member is not told.
- *                  Without it only a full disk ends the call.
+ *                  data is damaged; that member is not told, and its result alone is the call's (ZE_OK
+ *                  for a wrong CRC), whatever came before it. Without it only a full disk ends the call.
  * @return ZE_OK, also with warnings (members passed over, a CRC that does not match, something before
  *         the archive, nothing in it); ZE_INVALID_ARGUMENT; ZE_FILE_NOT_FOUND (no archive, one of several
  *         disks, or no member that matches the pattern in a directory that was read to its end);
  *         ZE_OPEN_FAILED; ZE_BAD_FORMAT (no archive, its records do not fit together or lie before its
- *         start, packed data is not valid, or a name cannot be a path); ZE_UNEXPECTED_END (records or data
- *         that reach beyond its end); ZE_OUT_OF_MEMORY; ZE_SHARING_VIOLATION (a file cannot be created, or
+ *         start, packed data is not valid, or a name cannot be a path); ZE_UNEXPECTED_END (a member's header
+ *         or data, or the directory's entries, reach beyond its end); ZE_OUT_OF_MEMORY; ZE_SHARING_VIOLATION (a file cannot be created, or
  *         is the archive); ZE_DISK_FULL. Of several the last in this order of the engine counts: warnings, bad format,
  *         memory, nothing found, file not created, disk full, unexpected end.
  */
