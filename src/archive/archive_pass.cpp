@@ -1,5 +1,7 @@
 #include "archive/archive_pass.h"
 
+#include <algorithm>
+
 #include "archive/archive_records.h"
 #include "archive/confirmation.h"
 #include "archive/extractable.h"
@@ -82,7 +84,13 @@ ArchivePass::Entry ArchivePass::ReadEntry(std::int64_t adjustment) {
 // False when the pass is over.
 bool ArchivePass::ExtractBatch() {
   for (const ArchiveMember& member : batch_) {
+    // Members that lie over each other could be as many as the directory has entries, each as long as the file.
+    if (extracted_ > file_.size()) {
+      Note(kArchiveBad);
+      return false;
+    }
     const Extracted extracted = extractor_.Extract(member);
+    extracted_ += std::max(extracted.end - member.position, std::int64_t{0});
     if (progress_ != nullptr && extracted.status != kArchiveOk) {
       status_ = extracted.status;  // alone, whatever came before it
       return false;

@@ -33,6 +33,7 @@ class ArchivePass {
   const char* pattern_;
   ZeZipProgress progress_;
   ArchiveStatus status_ = kArchiveOk;
+  std::int64_t extracted_ = 0;  // bytes of the archive that members have taken
   std::vector<ArchiveMember> batch_;
 };
 

@@ -26,10 +26,11 @@ ArchiveStatus MemberExtractor::ReadLocalHeader(const ArchiveMember& member, Memb
 }
 
 Extracted MemberExtractor::Extract(const ArchiveMember& member) {
-  Extracted extracted = {kArchiveOk, false, false, {}};
+  Extracted extracted;
   MemberFacts facts;
   std::string stored;
   extracted.status = ReadLocalHeader(member, &facts, &stored);
+  extracted.end = file_.position();
   if (extracted.status != kArchiveOk) return extracted;
   const LocalName local = MakeLocal(MapMemberName(stored));
   extracted.renamed = local.dropped;
@@ -41,6 +42,7 @@ Extracted MemberExtractor::Extract(const ArchiveMember& member) {
   extracted.isFile = true;
   extracted.name = local.folder + local.file;
   extracted.status = Write(facts, local.file);
+  extracted.end = file_.position();
   return extracted;
 }
 

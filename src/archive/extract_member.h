@@ -33,7 +33,8 @@ struct ArchiveMember {
 };
 
 struct Extracted {
-  ArchiveStatus status;
+  ArchiveStatus status = kArchiveOk;
+  std::int64_t end = 0;  // behind what was read of the archive
   bool isFile = false;   // the member got as far as a file, which `name` is
   bool renamed = false;  // its name would have left the current directory
   std::string name;
