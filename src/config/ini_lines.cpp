@@ -6,8 +6,10 @@
 namespace zeapi {
 namespace {
 
-// Blocks grow with the file: few of them, and a small file has a small one.
+// Blocks grow with the file: few of them, and a small file has a small one. Threefold, so that together they are
+// less than twice the last one: of more than that glibc returns pages, to fault them in for the next file.
 constexpr std::size_t kFirstBlock = 16384;
+constexpr std::size_t kGrowth = 3;
 constexpr std::size_t kLargestBlock = std::size_t{4} << 20;
 
 std::uint32_t LengthOf(std::string_view text) {
@@ -38,7 +40,7 @@ void* IniLines::Reserve(std::size_t size) {
   size = (size + alignof(IniLine) - 1) / alignof(IniLine) * alignof(IniLine);
   if (blockSize_ - used_ < size) {
     const std::size_t next =
-        blockSize_ == 0 ? kFirstBlock : std::min(2 * blockSize_, kLargestBlock);
+        blockSize_ == 0 ? kFirstBlock : std::min(kGrowth * blockSize_, kLargestBlock);
     blocks_.push_back(std::make_unique_for_overwrite<char[]>(next));
     blockSize_ = next;
     used_ = 0;
