@@ -37,7 +37,7 @@ class FileList {
       last_->next = added;
     }
     last_ = added;
-    ++count_;
+    if (count_ < UINT16_MAX) ++count_;
   }
 
   std::uint16_t Count() const { return count_; }
@@ -77,6 +77,7 @@ bool ReadDescription(const char* path, char* description, std::size_t size) {
 
 void ListFiles(const char* directory, std::uint32_t kind, FileList* list) {
   const std::string folder = EndedByBackslash(directory[0] == '\0' ? "." : directory);
+  const platform::FolderNames names(folder.c_str());
   platform::DirectorySearch search((folder + PatternOf(kind)).c_str());
   for (platform::FoundEntry found; search.Next(&found);) {
     if (found.name.starts_with('.')) continue;

@@ -4,6 +4,7 @@
 
 #include "base/text.h"
 #include "files/folder_listing.h"
+#include "platform/find.h"
 
 namespace zeapi {
 namespace {
@@ -27,6 +28,7 @@ FoundFiles FindFiles(const char* folder, std::uint32_t kind, bool recurse, const
   const std::int16_t limit = *count > 0 ? *count : kMostFoundFiles;
   *count = 0;
   FoundFiles found;
+  const platform::FolderNames names(folder);
   FolderListing listing(folder);
   while (listing.Next()) {
     if (listing.entry().attributes == kPlainDirectory) {

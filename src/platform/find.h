@@ -14,9 +14,8 @@ struct FoundEntry {
   std::uint32_t attributes = 0;
 };
 
-// One search, in the order of the file system on Windows and in the order of names elsewhere. "."
-// and
-// ".." are found where the pattern matches them.
+// One search, in the order of the file system on Windows and in the order of names elsewhere. "." and ".."
+// are found where the pattern matches them.
 class DirectorySearch {
  public:
   // `pattern` may hold the wildcards * and ? in its last component; "*.*" matches every name.

@@ -31,6 +31,9 @@ std::uint32_t Attributes(const char* path, const struct stat& status) {
   return kArchive | (writable ? 0 : kReadOnly);
 }
 
+// To a caller, a backslash parts folders and the others are wildcards: no path means such a file.
+bool CanBeMeant(const char* name) { return std::strpbrk(name, "\\*?") == nullptr; }
+
 bool NameBefore(const std::string& a, const std::string& b) {
   const int order = strcasecmp(a.c_str(), b.c_str());
   return order != 0 ? order < 0 : a < b;
@@ -58,7 +61,8 @@ DirectorySearch::DirectorySearch(const char* pattern) : state_(std::make_unique<
   if (folder == nullptr) return;
   try {
     while (const dirent* entry = readdir(folder)) {
-      if (MatchesPattern(entry->d_name, name)) state_->names.emplace_back(entry->d_name);
+      if (CanBeMeant(entry->d_name) && MatchesPattern(entry->d_name, name))
+        state_->names.emplace_back(entry->d_name);
     }
   } catch (...) {
     closedir(folder);

@@ -28,7 +28,8 @@ struct FolderNames::State {
     std::size_t place;  // in the order of the folder
   };
 
-  std::string folder;       // host path, ends in "/"
+  std::string folder;       // host path, ends in "/"; empty when there is none
+  std::string written;      // the same as it was spelled, which is as long
   std::vector<Name> names;  // by their text without case, then by their place
   State* outer = nullptr;
 };
@@ -51,7 +52,10 @@ bool KeptBefore(const Name& a, const Name& b) {
 FolderNames::FolderNames(const char* folder) : state_(std::make_unique<State>()) {
   state_->outer = innermost;
   HostPath host;
-  if (ToHostPath(folder, &host)) {
+  if (ToHostPathAsWritten(folder, &host)) {
+    state_->written = host.text;
+    if (state_->written.back() != '/') state_->written += '/';
+    ToHostPath(folder, &host);
     state_->folder = host.text;
     if (state_->folder.back() != '/') state_->folder += '/';
     const std::unique_ptr<DIR, CloseFolder> open(opendir(host.text));
@@ -65,8 +69,16 @@ FolderNames::FolderNames(const char* folder) : state_(std::make_unique<State>())
 
 FolderNames::~FolderNames() { innermost = state_->outer; }
 
+std::size_t CorrectKeptFolder(char* path) {
+  if (innermost == nullptr || !std::string_view(path).starts_with(innermost->written)) return 0;
+  const std::string& folder = innermost->folder;
+  std::copy(folder.begin(), folder.end(), path);
+  return folder.size();
+}
+
 KeptName MatchKeptName(const char* folder, std::size_t folderLength, char* name) {
-  if (innermost == nullptr || innermost->folder != std::string_view(folder, folderLength)) {
+  if (innermost == nullptr || innermost->folder.empty() ||
+      innermost->folder != std::string_view(folder, folderLength)) {
     return KeptName::kUnknown;
   }
   const auto& names = innermost->names;

@@ -11,4 +11,8 @@ enum class KeptName { kUnknown, kMissing, kMatched };
 // names of that folder are not kept; `folder` is a host path that ends in "/".
 KeptName MatchKeptName(const char* folder, std::size_t folderLength, char* name);
 
+// Spells the folder whose names are kept as it is, where `path` begins with it as it was written. Returns how
+// much of the path that is.
+std::size_t CorrectKeptFolder(char* path);
+
 }  // namespace zeapi::platform

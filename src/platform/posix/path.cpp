@@ -61,7 +61,7 @@ bool MatchComponent(HostPath* host, char* name) {
 
 // Corrects each component as far as the path exists.
 void MatchCase(HostPath* host) {
-  char* rest = host->text + host->rest;
+  char* rest = host->text + std::max(host->rest, CorrectKeptFolder(host->text));
   while (*rest != '\0') {
     while (*rest == '/') ++rest;
     char* end = rest + std::strcspn(rest, "/");

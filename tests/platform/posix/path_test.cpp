@@ -2,6 +2,7 @@
 
 #include <cstdlib>
 
+#include "platform/find.h"
 #include "support/scratch.h"
 
 namespace zeapi::testing {
@@ -74,6 +75,31 @@ TEST_F(PathTest, MissingComponentsStayAsWritten) {
   EXPECT_EQ(Mapped("FOLDER\\New\\Name"), "Folder/New/Name");
   EXPECT_EQ(Mapped("FOLDER\\\\New"), "Folder//New");
   EXPECT_EQ(Mapped("FOLDER\\"), "Folder/");
+}
+
+TEST_F(PathTest, FolderWhoseNamesAreKeptMayBeSpelledInAnotherCase) {
+  fs::create_directories("Fonts/Within");
+  WriteFile("Fonts/A.txt", "");
+  WriteFile("Fonts/Within/B.txt", "");
+  const platform::FolderNames names("FONTS");
+  EXPECT_EQ(Mapped("FONTS\\a.TXT"), "Fonts/A.txt");
+  EXPECT_EQ(Mapped("fonts\\A.txt"), "Fonts/A.txt");
+  EXPECT_EQ(Mapped("FONTS\\WITHIN\\b.txt"), "Fonts/Within/B.txt");
+  EXPECT_EQ(Mapped("FONTS\\new.txt"), "Fonts/new.txt");
+  EXPECT_EQ(Mapped("FONTS"), "Fonts");
+  EXPECT_EQ(Mapped("FONTSX\\a.TXT"), "FONTSX/a.TXT");
+  const platform::FolderNames none("");
+  EXPECT_EQ(Mapped("FONTS\\a.TXT"), "Fonts/A.txt");
+}
+
+// A caller's path with such a character means something else.
+TEST_F(PathTest, NamesThatNoPathMeansAreNotFound) {
+  for (const char* name : {"a\\b.cfg", "a*.cfg", "a?.cfg", "ab.cfg"}) WriteFile(name, "");
+  platform::DirectorySearch search("*.cfg");
+  platform::FoundEntry entry;
+  ASSERT_TRUE(search.Next(&entry));
+  EXPECT_EQ(entry.name, "ab.cfg");
+  EXPECT_FALSE(search.Next(&entry));
 }
 
 TEST_F(PathTest, CaseIsMatchedBelowADriveAndBelowTheRoot) {
