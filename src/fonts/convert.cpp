@@ -83,10 +83,10 @@ Result ConvertPfm(const Conversion& conversion) {
   Stream input(OpenRegularFile(conversion.fontFile, "rb"));
   if (input == nullptr || !ReadPfmMetrics(input.get(), &metrics)) return ZE_BAD_FORMAT;
   input.reset();
-  std::FILE* output = platform::OpenStream(OutputName(conversion, "AFM").c_str(), "w");
+  Stream output(platform::OpenStream(OutputName(conversion, "AFM").c_str(), "w"));
   if (output == nullptr) return ZE_OPEN_FAILED;
-  const bool written = WriteAfm(metrics, output) && std::ferror(output) == 0;
-  const bool closed = std::fclose(output) == 0;
+  const bool written = WriteAfm(metrics, output.get()) && std::ferror(output.get()) == 0;
+  const bool closed = std::fclose(output.release()) == 0;
   return written && closed ? ZE_OK : ZE_WRITE_FAILED;
 }
 

@@ -1,6 +1,7 @@
 #include "fonts/font_search.h"
 
 #include <cstring>
+#include <functional>
 #include <new>
 #include <set>
 #include <string>
@@ -71,12 +72,15 @@ class FolderSearch {
   std::uint16_t limit_ = 0;
   FoundFiles found_;
   std::set<std::string_view> descriptions_;  // of the listed fonts, in their records
+  // Font files of which further entries of GLUE.TXT can tell nothing new; so none is read for each of them.
+  std::set<std::string, std::less<>> settled_;
 };
 
 bool FolderSearch::ReadGlue() {
   if (!search_->filter.ReadsGlue()) return true;
   GlueFile file((EndedBySeparator(folder_) + "GLUE.TXT").c_str());
   for (GlueEntry entry; file.Next(&entry);) {
+    if (settled_.count(entry.fontFile) != 0) continue;
     if (!Visit(entry.fontFile, &entry)) return false;
   }
   return true;
@@ -105,10 +109,11 @@ bool FolderSearch::Visit(const char* path, const GlueEntry* glue) {
   constexpr std::uint32_t kDownloadableOnly = 3;
   const FontFilter& filter = search_->filter;
   WorkRecord record;
-  const bool wanted = FitsFoundFile(path) &&
-                      FonQueryInfo(path, &record.info, search_->queryOption,
-                                   filter.kind != kDownloadableOnly) == ZE_OK &&
-                      FindMetrics(path, glue, &record.info) && filter.Passes(path, record.info) &&
+  const bool known = FitsFoundFile(path) && FonQueryInfo(path, &record.info, search_->queryOption,
+                                                         filter.kind != kDownloadableOnly) == ZE_OK;
+  if (glue != nullptr && !(known && IsScalablePcl(record.info.format))) settled_.insert(path);
+  const bool wanted = known && FindMetrics(path, glue, &record.info) &&
+                      filter.Passes(path, record.info) &&
                       descriptions_.count(record.info.description) == 0;
   if (wanted && !List(path, &record)) return false;
   return *count_ < limit_;

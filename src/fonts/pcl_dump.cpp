@@ -4,7 +4,7 @@
 
 #include "base/byte_reader.h"
 #include "base/stream.h"
-#include "platform/files.h"
+#include "files/regular_file.h"
 
 namespace zeapi {
 namespace {
@@ -40,7 +40,7 @@ class Dump {
 }  // namespace
 
 void DumpPclDescriptor(const PclRawDescriptor& raw) {
-  const Stream file(platform::OpenStream(kDumpFile, "w"));
+  const Stream file(OpenRegularFile(kDumpFile, "w"));
   if (file == nullptr) return;
   Dump dump(file.get(), raw);
   dump.Word("usFontDescSize:        ");

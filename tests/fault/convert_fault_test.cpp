@@ -47,6 +47,7 @@ TEST_F(ConvertFaultTest, Type1) {
 
 TEST_F(ConvertFaultTest, Pfm) {
   PostScriptPfm font;
+  font.name = "Name-That-Takes-Memory-Of-Its-Own";
   font.hasKerning = true;
   font.pairs = {{65, 66, 1}};
   WriteFile("font.pfm", font.File());

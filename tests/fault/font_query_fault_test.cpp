@@ -47,7 +47,7 @@ TEST_F(FontQueryFaultTest, PclFont) {
 }
 
 TEST_F(FontQueryFaultTest, Pfb) {
-  WriteFile("font.pfb", "/FontName /Courier\n/Encoding 256 array\n" + std::string(20000, 'x'));
+  WriteFile("font.pfb", "/FontName /Courier def\n/Encoding 256 array\n" + std::string(20000, 'x'));
   WriteFile("font.AFM", "x");
   FailEachQuery("font.pfb", 2, "Courier", [this] {
     EXPECT_EQ(info.flags & ZE_FONT_STANDARD, 0U);
