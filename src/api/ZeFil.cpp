@@ -32,7 +32,7 @@ uint32_t ZEAPI_CALL ZeFilBackup(const char* source, char* backupName) noexcept {
 uint32_t ZEAPI_CALL ZeFilModify(const char* path, uint32_t value,
                                 ZeModifyCallback callback) noexcept {
   return Guarded([&]() -> Result {
-    if (callback == nullptr) return ZE_INVALID_ARGUMENT;
+    if (path == nullptr || callback == nullptr) return ZE_INVALID_ARGUMENT;
     return FilModify(path, value, callback);
   });
 }

@@ -68,7 +68,8 @@ Result FilBackup(const char* source, char* backupName) {
   std::memcpy(backupName, source, stem);
   for (int number = 1; number <= kBackupNumbers; ++number) {
     std::snprintf(backupName + stem, kNumberLength + 1, ".%03d", number);
-    if (!FilExists(backupName)) return FilCopy(source, backupName);
+    // A backup that may not be read is one too.
+    if (!platform::PathExists(backupName)) return FilCopy(source, backupName);
   }
   return ZE_NO_BACKUP_NAME;
 }

@@ -143,11 +143,18 @@ TEST_F(ModifyTest, SourceThatDoesNotOpenGivesOpenFailed) {
   EXPECT_EQ(ZeFilModify("missing", 0, Record), ZE_OPEN_FAILED);
   EXPECT_EQ(ZeFilModify("folder", 0, Record), ZE_OPEN_FAILED);
   EXPECT_EQ(ZeFilModify("", 0, Record), ZE_OPEN_FAILED);
-  EXPECT_EQ(ZeFilModify(nullptr, 0, Record), ZE_OPEN_FAILED);
   EXPECT_FALSE(fs::exists("missing"));
 }
 
-TEST_F(ModifyTest, NullCallbackIsInvalid) {
+// Bytes that end a text end the line and the file; what follows is lost.
+TEST_F(ModifyTest, ZeroByteEndsItsLineAndTheEndOfTextTheFile) {
+  WriteFile("file.txt", Bytes("ab\0cd\nef\n\x1Agh\n"));
+  EXPECT_EQ(ZeFilModify("file.txt", 0, Record), ZE_OK);
+  EXPECT_BYTES(Text(), "abef\n");
+}
+
+TEST_F(ModifyTest, NullPointersAreInvalid) {
+  EXPECT_EQ(ZeFilModify(nullptr, 0, Record), ZE_INVALID_ARGUMENT);
   WriteFile("file.txt", "a\n");
   EXPECT_EQ(ZeFilModify("file.txt", 0, nullptr), ZE_INVALID_ARGUMENT);
   EXPECT_BYTES(Text(), "a\n");

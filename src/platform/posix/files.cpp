@@ -63,9 +63,11 @@ std::FILE* OpenStream(const char* path, const char* mode) {
   return stream;
 }
 
+// A link that leads nowhere is there: to create its name would write behind it.
 bool PathExists(const char* path) {
   HostPath host;
-  return ToHostPath(path, &host) && access(host.text, F_OK) == 0;
+  struct stat status;
+  return ToHostPath(path, &host) && lstat(host.text, &status) == 0;
 }
 
 bool PathReadable(const char* path) {

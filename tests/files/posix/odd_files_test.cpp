@@ -78,6 +78,28 @@ TEST_F(FilePipeTest, BackupOfItIsDeniedAndMakesNothing) {
   }
 }
 
+using BackupNameTest = ScratchTest;
+
+TEST_F(BackupNameTest, BackupThatMayNotBeReadIsKept) {
+  WriteFile("panel.cfg", "new");
+  WriteFile("panel.001", "old");
+  fs::permissions("panel.001", fs::perms::owner_write);
+  char name[ZE_MAX_NAME + 1];
+  EXPECT_EQ(ZeFilBackup("panel.cfg", name), ZE_OK);
+  EXPECT_STREQ(name, "panel.002");
+  fs::permissions("panel.001", fs::perms::owner_all);
+  EXPECT_BYTES(ReadFile("panel.001"), "old");
+}
+
+TEST_F(BackupNameTest, LinkThatLeadsNowhereIsTaken) {
+  WriteFile("panel.cfg", "new");
+  fs::create_symlink("elsewhere", "panel.001");
+  char name[ZE_MAX_NAME + 1];
+  EXPECT_EQ(ZeFilBackup("panel.cfg", name), ZE_OK);
+  EXPECT_STREQ(name, "panel.002");
+  EXPECT_FALSE(fs::exists("elsewhere"));
+}
+
 TEST_F(FilePipeTest, CopyMayBeWrittenToAPipeThatIsRead) {
   WriteFile("source", "content");
   const int reader = open("pipe.x", O_RDONLY | O_NONBLOCK | O_CLOEXEC);
