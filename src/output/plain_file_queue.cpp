@@ -1,11 +1,11 @@
 #include "output/plain_file_queue.h"
 
-#include "platform/files.h"
+#include "files/regular_file.h"
 
 namespace zeapi {
 
 Result PlainFileQueue::Open(const char* path) {
-  ctx_.file = platform::OpenStream(path, StreamMode(kReplaceFile));
+  ctx_.file = OpenRegularFile(path, StreamMode(kReplaceFile));
   if (ctx_.file == nullptr) return ZE_OPEN_FAILED;
   ctx_.backEnd = QueueBackEnd::kFile;
   return ZE_OK;

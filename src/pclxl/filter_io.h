@@ -18,9 +18,9 @@ inline constexpr std::size_t kBlockSize = 1024;
 // Bytes of an open file, from its current position on.
 class PushBackReader {
  public:
-  // Bytes that can be given back beyond what was read since: what the longest look-ahead of a
-  // filter holds.
-  static constexpr std::size_t kPushBackSize = 256;
+  // Bytes that can be given back beyond what was read since; more than the longest look-ahead, which is for
+  // a universal exit.
+  static constexpr std::size_t kPushBackSize = 64;
 
   // Takes the buffers. Returns 0, 1 (no file) or 11. The file stays the caller's.
   Result Open(std::FILE* source);

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
+#include "files/regular_file.h"
 #include "pclxl/work_files.h"
-#include "platform/files.h"
 
 namespace zeapi {
 
@@ -14,7 +14,7 @@ XlPageBody::~XlPageBody() {
 XlResult XlPageBody::Begin() {
   size_ = 0;
   fill_ = 0;
-  file_ = platform::OpenStream(kXlPageFile, "wb");
+  file_ = OpenRegularFile(kXlPageFile, "wb");
   return file_ != nullptr ? kXlOk : kXlFile;
 }
 

@@ -7,13 +7,13 @@
 #include <span>
 
 #include "base/stream.h"
+#include "files/regular_file.h"
 #include "pclxl/page_body.h"
 #include "pclxl/stored_stream.h"
 #include "pclxl/work_files.h"
 #include "pclxl/xl_operators.h"
 #include "pclxl/xl_reader.h"
 #include "pclxl/xl_walk.h"
-#include "platform/files.h"
 
 namespace zeapi {
 namespace {
@@ -45,9 +45,7 @@ XlResult WalkStream(XlReaderState* state, SessionOpening* opening) {
   if (result != kXlOk) return result;
   if (state->currentTag != kXlBeginSession) return kXlNotAllowed;
   result = opening->Read(begin, state->input);
-  if (result == kXlOk) result = XlDispatch(kXlBeginSession, state);
-  if (result == kXlOk && !state->pageSeen) return kXlNotAllowed;
-  return result;
+  return result == kXlOk ? XlDispatch(kXlBeginSession, state) : result;
 }
 
 }  // namespace
@@ -61,11 +59,13 @@ XlResult XlFixupStream(std::string_view streamName, bool execute) {
     return kXlOk;
   }
 
-  Stream in(platform::OpenStream(kXlInputFile, "rb"));
-  Stream out(platform::OpenStream(kXlOutputFile, "wb"));
+  Stream in(OpenRegularFile(kXlInputFile, "rb"));
+  Stream out(OpenRegularFile(kXlOutputFile, "wb"));
   if (in == nullptr || out == nullptr) return kXlFile;
   XlInput input(in.get());
   XlPageBody body;
+  // A session without a page has an empty one, whatever an earlier run left.
+  if (body.Begin() != kXlOk || body.End() != kXlOk) return kXlFile;
   state->input = &input;
   state->pageBody = &body;
   SessionOpening opening;

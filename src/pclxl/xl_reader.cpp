@@ -43,25 +43,32 @@ class HeaderBytes {
   int last_ = XlInput::kEnd;
 };
 
-// Kept: a name that begins otherwise is not looked at any further.
+// Up to the ";" behind it. Kept: a name that begins otherwise is not looked at.
 XlResult CheckName(HeaderBytes* header) {
+  XlResult result = kXlOk;
   switch (header->Next()) {
     case XlInput::kEnd:
       return kXlEnd;
     case 'H':
-      return header->Expect("P-PCL XL", kXlName);
+      result = header->Expect("P-PCL XL", kXlName);
+      break;
     case 'P':
-      return header->Expect("CL XL", kXlName);
+      result = header->Expect("CL XL", kXlName);
+      break;
     default:
+      while (header->Next() != ';') {
+        if (header->Last() == XlInput::kEnd) return kXlEnd;
+        if (header->Last() == '\n') return kXlSeparator;
+      }
       return kXlOk;
   }
+  return result == kXlOk ? header->Expect(';', kXlSeparator) : result;
 }
 
 XlResult CheckHeader(HeaderBytes* header) {
   XlResult result = header->Expect(')', kXlBinding);
   if (result == kXlOk) result = header->Expect(' ', kXlSeparator);
   if (result == kXlOk) result = CheckName(header);
-  if (result == kXlOk) result = header->Expect(';', kXlSeparator);
   if (result == kXlOk) result = header->Expect('1', kXlVersion);  // protocol class
   if (result == kXlOk) result = header->Expect(';', kXlSeparator);
   if (result == kXlOk) result = header->Expect('1', kXlVersion);  // revision

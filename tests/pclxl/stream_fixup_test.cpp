@@ -66,10 +66,19 @@ TEST_F(XlFixupTest, PagesAndStreamsWhereTheyMayNotBe) {
   EXPECT_EQ(Fixup(Session(Hex({0x60}))), kXlNotAllowed);
 }
 
-TEST_F(XlFixupTest, SessionWithoutAPageIsRefusedWhateverAnEarlierRunLeft) {
+TEST_F(XlFixupTest, SessionWithoutAPageHasAnEmptyOneWhateverAnEarlierRunLeft) {
+  EXPECT_EQ(Fixup(Session("")), kXlOk);
+  EXPECT_BYTES(ReadFile("out.str"), Stored("N", "", false));
   EXPECT_EQ(Fixup(Session(Page(Body()))), kXlOk);
-  EXPECT_EQ(Fixup(Session("")), kXlNotAllowed);
-  EXPECT_BYTES(ReadFile("out.str"), "");
+  EXPECT_EQ(Fixup(Session("")), kXlOk);
+  EXPECT_BYTES(ReadFile("out.str"), Stored("N", "", false));
+  EXPECT_BYTES(ReadFile("temp.str"), "");
+}
+
+TEST_F(XlFixupTest, PageFileIsMadeAnewByEveryRun) {
+  WriteFile("temp.str", "old");
+  EXPECT_EQ(Fixup("no job"), kXlNotAllowed);
+  EXPECT_BYTES(ReadFile("temp.str"), "");
 }
 
 TEST_F(XlFixupTest, SessionOpeningOf52BytesIsKeptAndALongerOneRefused) {
@@ -220,7 +229,6 @@ TEST_F(StreamFixupTest, EveryCodeOfTheReaderBecomesFixupFailed) {
       Session(Hex({0xC8, 0xC2, 0xFF, 0xFF, 0xFF, 0xFF})),
       Session(Page("") + Page("")),
       Session(Page(Hex({0x5B}))),
-      Session(""),  // no page
       "plain text\n",
   };
   for (const std::string& job : jobs) {

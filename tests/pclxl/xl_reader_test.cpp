@@ -52,11 +52,16 @@ TEST_F(XlHeaderTest, EachPartThatIsWrongHasItsCodeAndTheWrongByteCountsAsRead) {
   }
 }
 
-// A name of which only the first character was read: it is neither H nor P, and goes unchecked.
-TEST_F(XlHeaderTest, KeepsAcceptingAnyOtherFirstCharacterOfTheName) {
-  EXPECT_EQ(Check(") X;1;1;\nrest"), kXlOk);
-  EXPECT_BYTES(Unread(), "rest");
-  EXPECT_EQ(Check(") XY;1;1;\n"), kXlSeparator);
+// A name that begins with neither H nor P goes unchecked.
+TEST_F(XlHeaderTest, KeepsAcceptingAnyOtherName) {
+  for (const char* name : {"X", "XY", "Word", "hp-pcl xl", " HP-PCL XL"}) {
+    EXPECT_EQ(Check(std::string(") ") + name + ";1;1;\nrest"), kXlOk) << name;
+    EXPECT_BYTES(Unread(), "rest");
+  }
+  EXPECT_EQ(Check(") Word;2;0;\n"), kXlVersion);
+  EXPECT_EQ(Check(") Word\n;1;1;\n"), kXlSeparator);
+  EXPECT_BYTES(Unread(), ";1;1;\n");
+  EXPECT_EQ(Check(") Word"), kXlEnd);
 }
 
 TEST_F(XlHeaderTest, EndOfTheFileAnywhereIsTheEnd) {

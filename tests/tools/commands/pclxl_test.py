@@ -38,17 +38,17 @@ class PclXl(program_case.ProgramCase):
         self.run_program("macro", "check", "job.xl", "--language", "pclxl", "--fixup",
                          exit_code=0 if storable else 46)
 
-    def test_session_without_a_page_is_listed_and_not_stored(self):
+    def test_session_without_a_page(self):
         job = UEL + HEADER + BEGIN_SESSION + END_SESSION + UEL
         self.assert_listed(job, LISTED_HEADER + operators("BeginSession", "EndSession"), 2)
-        self.assert_storable(False)
+        self.assert_storable(True)
 
     def test_session_with_data_and_without_a_page(self):
         job = HEADER + BEGIN_SESSION + b"\xfb\x01x" + END_SESSION
         self.assert_listed(job, LISTED_HEADER + operators("BeginSession")
                            + "    &EMB_DATA_BYTE_HDR(1);\n    &HEX(\"78\");\n"
                            + operators("EndSession"), 3)
-        self.assert_storable(False)
+        self.assert_storable(True)
 
     def test_pjl_text_in_embedded_data_is_data(self):
         for data, lines, storable in (
