@@ -47,7 +47,7 @@ bool NextSegment(std::FILE* file, Segment* segment) {
 }
 
 // Sends the body of a segment. False when the file cuts it short, a piece that is not whole is not
-// sent, or when a write failed.
+// sent, or when a write failed or fell short.
 bool SendSegment(std::FILE* file, Segment segment, GenQueContext* ctx) {
   std::array<std::uint8_t, 2 * kPiece> room;
   while (segment.length != 0) {
@@ -56,8 +56,8 @@ bool SendSegment(std::FILE* file, Segment segment, GenQueContext* ctx) {
     segment.length -= static_cast<std::uint32_t>(piece);
     const bool expand = segment.type == kBinary;
     if (expand) ExpandToHex(room.data(), piece);
-    GenQueWrite(room.data(), static_cast<std::uint32_t>(expand ? 2 * piece : piece), ctx);
-    if (ctx->error != ZE_OK) return false;
+    const auto size = static_cast<std::uint32_t>(expand ? 2 * piece : piece);
+    if (GenQueWrite(room.data(), size, ctx) != size || ctx->error != ZE_OK) return false;
   }
   return true;
 }

@@ -4,6 +4,7 @@
 
 #include "output/bce_doc_info.h"
 #include "output/queue_log.h"
+#include "output/spooler_back_end.h"
 #include "platform/module.h"
 
 namespace zeapi {
@@ -82,14 +83,14 @@ Result OpenPortAndDocument(const ZeDestination& destination) {
 
 // The DLL's printer information, of which only the two bytes of the connection are known.
 constexpr std::size_t kPrinterInfoSize = 412;
-constexpr std::size_t kConnectionByte = 92;
-constexpr std::size_t kNetworkByte = 93;
+constexpr std::size_t kLowerByte = 92;
+constexpr std::size_t kUpperByte = 93;
 using PrinterInfo = std::array<std::uint8_t, kPrinterInfoSize>;
 
 std::uint32_t ClassifyConnection(const PrinterInfo& info) {
-  if (info[kNetworkByte] & 0x08) return 2048;
+  if (info[kUpperByte] & 0x08) return 2048;
   for (const std::uint32_t type : {0x20U, 0x04U, 0x02U}) {
-    if (info[kConnectionByte] & type) return type;
+    if (info[kLowerByte] & type) return type;
   }
   return 0;
 }
@@ -128,7 +129,8 @@ std::uint32_t WriteBidi(const void* data, std::uint32_t length, GenQueContext* c
 }
 
 void CloseBidi(GenQueContext* ctx) {
-  if (library.module == nullptr) return;
+  // Another job's close freed it.
+  if (library.module == nullptr) return CloseSpooler(ctx);
   const ZeDestination& destination = *ctx->destination;
   queue_log::Write(queue_log::kBceEndDoc);
   queue_log::Write(queue_log::kBceClose);

@@ -77,6 +77,16 @@ TEST_F(FontType1Test, SegmentsGoInPiecesOf1024Bytes) {
   EXPECT_BYTES(Spooler().data, kHeader + kFontName + std::string(2048 - 19, 't') + digits + kEnd);
 }
 
+// The end of the job is still sent.
+TEST_F(FontType1Test, WriteThatFallsShortEndsTheFont) {
+  WriteFile("font.pfb", Segment(1, kFontName + std::string(3000, 't')) +
+                            Segment(2, std::string(1500, '\xC5')) + LastSegment());
+  UseBidi();
+  Bidi().reportedShort = 1;
+  EXPECT_EQ(Download("font.pfb"), ZE_OK);
+  EXPECT_BYTES(Bidi().data, kHeader + kFontName + std::string(1024 - 19, 't') + kEnd);
+}
+
 TEST_F(FontType1Test, EveryByteHasItsTwoDigits) {
   std::string bytes;
   std::string digits;

@@ -174,6 +174,38 @@ TEST_F(MacroWritesTest, PclXlMacroStoredOnADevice) {
                               "DATA", kUniversalExit, kTargetMemory}));
 }
 
+TEST_F(MacroWritesTest, OtherLanguagesStoredOnADeviceHaveItsTargetAndNoResource) {
+  for (const std::int32_t language : {1, 4}) {
+    UseNewPrinter();
+    UsePjl(language);
+    destination.flags = ZE_FLAG_BRACKET_K;
+    macro.macroDevice = ZE_DEVICE_DISK1;
+    EXPECT_EQ(Download(ZE_MACRO_STORE, ZE_MACRO_WRAPPED), ZE_OK);
+    const char* code = language == 1 ? "\x1B[K\x03\0\x06\x31\0" : "\x1B[K\x03\0\x06\x31\x03";
+    ExpectWrites({std::string(code, 8), Bytes("\x1B[K\x03\0\x06\xC0\x31"), "DATA",
+                  Bytes("\x1B[K\x03\0\x06\xC0\x32")});
+  }
+}
+
+TEST_F(MacroWritesTest, RawPpdsMacroOnADeviceHasBothTargets) {
+  UsePjl(ZE_LANGUAGE_PPDS);
+  macro.macroDevice = ZE_DEVICE_DISK1;
+  EXPECT_EQ(Download(ZE_MACRO_RAW, ZE_MACRO_WRAPPED), ZE_OK);
+  ExpectWrites(
+      PjlJob("PPDS", {kUniversalExit, kTargetDisk, "DATA", kUniversalExit, kTargetMemory}));
+}
+
+TEST_F(MacroWritesTest, PclXlMacroOnADeviceOfABracketKPrinterHasTheTargetBehindIt) {
+  destination.language = ZE_LANGUAGE_PCLXL;
+  destination.flags = ZE_FLAG_BRACKET_K;
+  destination.deviceClass = 2;
+  macro.macroDevice = ZE_DEVICE_DISK1;
+  EXPECT_EQ(Download(ZE_MACRO_STORE, ZE_MACRO_UNWRAPPED), ZE_OK);
+  ExpectWrites({Bytes("\x1B[K\x03\0\x06\x31\x02"),
+                "@PJL SET LDOWNLOADTARGET = disk1\n@PJL ENTER LANGUAGE = PCLXL\n", "DATA",
+                Bytes("\x1B[K\x03\0\x06\xC0\x32")});
+}
+
 // --- As it is
 
 TEST_F(MacroWritesTest, RawPclMacro) {

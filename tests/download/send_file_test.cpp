@@ -89,6 +89,13 @@ TEST_F(SendFileTest, FileIsNotAppendedToItself) {
   EXPECT_BYTES(ReadFile(kInput), "DATA");
 }
 
+// Sent to itself without being appended, it is emptied when the job is opened.
+TEST_F(SendFileTest, FileThatIsItsOwnPrinterEnds) {
+  WriteFile(kInput, std::string(5000, 'x'));
+  EXPECT_EQ(ZeDatSendFile(kInput, kInput, &destination, 0), ZE_OK);
+  EXPECT_BYTES(ReadFile(kInput), "");
+}
+
 // --- Neither command set
 
 TEST_F(SendFileTest, PrinterOfNeitherSetGetsTheDataOncePerCopy) {

@@ -132,8 +132,8 @@ TEST_F(BidiTest, SecondCloseDoesNothing) {
   EXPECT_EQ(LogLines(), lines);
 }
 
-// Two jobs must not overlap on this back end. When they do, the first close takes the DLL from
-// both.
+// Two jobs must not overlap on this back end. When they do, the first close takes the DLL from both, and the
+// second releases a printer that it does not have.
 TEST_F(BidiTest, JobWhoseDllWasFreedByAnotherFailsWithoutCallingIt) {
   GenQueContext other;
   other.destination = &destination;
@@ -143,8 +143,14 @@ TEST_F(BidiTest, JobWhoseDllWasFreedByAnotherFailsWithoutCallingIt) {
   const Lines calls = Bidi().calls;
   EXPECT_EQ(Write("x"), 0U);
   EXPECT_EQ(ctx.error, ZE_PRINTER_WRITE_FAILED);
+  const std::size_t logged = LogLines().size();
   EXPECT_EQ(GenQueClose(&ctx), ZE_OK);
   EXPECT_EQ(Bidi().calls, calls);
+  EXPECT_EQ(Spooler().calls, (Lines{"end", "close"}));
+  const Lines lines = LogLines();
+  EXPECT_EQ(Lines(lines.begin() + static_cast<std::ptrdiff_t>(logged), lines.end()),
+            (Lines{".\\ZeQue (1391): +GenQueClose", ".\\ZeQue (1417): EndDocPrinter",
+                   ".\\ZeQue (1419): ClosePrinter", ".\\ZeQue (1509): -GenQueClose"}));
 }
 
 // --- The document-information block
