@@ -257,7 +257,8 @@ typedef struct ZeDestination {
   int32_t language;         /**< 8: ZE_LANGUAGE_... of the job. */
   uint32_t fontQueryOption; /**< 12: query option used by font download. */
   uint32_t reserved16;      /**< 16 */
-  uint16_t copies;          /**< 20: copies of data jobs; 0 means one. */
+  uint16_t copies;          /**< 20: copies of ZeDatSendFile(), and of every job that begins with a
+                                 bracket-K language selection in PCL or PCL XL; 0 means one. */
   uint16_t resourceId;      /**< 22: PCL font ID, or macro ID below 32768. */
   uint16_t ppdsFontCode;    /**< 24: first parameter of a PPDS font download. */
   uint16_t ppdsFontSlot;    /**< 26: second parameter of a PPDS font download. */
@@ -1345,9 +1346,10 @@ ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeWebGetCGIURL(uint32_t family, uint32_t model,
  * @param macro        may get ZE_MACRO_FIX_UP set; see ZE_MACRO_FIX_UP_LIMIT.
  * @return ZE_OK; ZE_INVALID_ARGUMENT; ZE_FILE_NOT_FOUND; ZE_BAD_FORMAT (the extension is that of a
  *         system file: BAT, CMD, COM, DLL, DRV, EXE, HLP, INI, SYS, by its first three characters);
- *         ZE_OPEN_FAILED (file, printer or work file); ZE_READ_FAILED; ZE_WRITE_FAILED;
+ *         ZE_OPEN_FAILED (file, printer, `in.str` or `out.str`); ZE_READ_FAILED; ZE_WRITE_FAILED;
  *         ZE_OUT_OF_MEMORY; ZE_PRINTER_WRITE_FAILED; ZE_UNUSABLE; ZE_MACRO_TOO_LARGE;
- *         ZE_FIXUP_FAILED (a PCL XL file that cannot be fixed up). After a failed payload no stop command follows.
+ *         ZE_FIXUP_FAILED (a PCL XL file that cannot be fixed up, that cannot be read, or whose work files
+ *         cannot be written whole). After a failed payload no stop command follows.
  */
 ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeMacCreate(const char* macroFile, const char* printerName,
                                              const ZeDestination* destination,
@@ -1492,7 +1494,7 @@ ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeFilQuerySize(const char* path) ZEAPI_NOEXCEPT
 
 /**
  * Copies a file over whatever the destination holds.
- * @param source       the file; nothing but a regular one is found.
+ * @param source       the file; anything but a regular one gives ZE_ACCESS_DENIED.
  * @param destination  the copy.
  * @return ZE_OK; ZE_INVALID_ARGUMENT; ZE_FILE_NOT_FOUND (file or folder); ZE_ACCESS_DENIED;
  *         ZE_NOT_DOS_DISK; ZE_DISK_FULL; ZE_BAD_FORMAT (bad name); ZE_DRIVE_LOCKED;
@@ -1514,11 +1516,12 @@ ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeFilBackup(const char* source, char* backupNam
 
 /**
  * Rewrites a text file line by line through a callback. Lines longer than 2047 characters come in
- * pieces. An emptied line is dropped. The file is replaced only after every line went well.
+ * pieces. An emptied line is dropped. A zero byte ends its line, line feed included, and byte 1A ends
+ * the file: what follows is lost. The file is replaced only after every line went well.
  * @param path      the file; nothing but a regular one opens.
  * @param value     handed to the callback.
  * @param callback  is handed each line.
- * @return ZE_OK; ZE_INVALID_ARGUMENT (null callback); ZE_OPEN_FAILED; ZE_CLOSE_FAILED;
+ * @return ZE_OK; ZE_INVALID_ARGUMENT (null `path` or callback); ZE_OPEN_FAILED; ZE_CLOSE_FAILED;
  *         ZE_READ_FAILED; ZE_WRITE_FAILED; ZE_OUT_OF_MEMORY; ZE_UNUSABLE (no temporary file); or a
  *         code of ZeFilCopy().
  */
@@ -1611,8 +1614,8 @@ ZEAPI_EXPORT char* ZEAPI_CALL ZeStrCpyPath(char* destination, const char* path) 
  * @return ZE_OK, also with warnings (members passed over, a CRC that does not match, something before
  *         the archive, nothing in it); ZE_INVALID_ARGUMENT; ZE_FILE_NOT_FOUND (no archive, one of several
  *         disks, or no member that matches the pattern in a directory that was read to its end);
- *         ZE_OPEN_FAILED; ZE_BAD_FORMAT (no archive, its records do not fit together or lie before its
- *         start, packed data is not valid, or a name cannot be a path); ZE_UNEXPECTED_END (a member's header
+ *         ZE_OPEN_FAILED; ZE_BAD_FORMAT (no archive, its records do not fit together, lie before its
+ *         start or over each other, packed data is not valid, or a name cannot be a path); ZE_UNEXPECTED_END (a member's header
  *         or data, or the directory's entries, reach beyond its end); ZE_OUT_OF_MEMORY; ZE_SHARING_VIOLATION (a file cannot be created, or
  *         is the archive); ZE_DISK_FULL. Of several the last in this order of the engine counts: warnings, bad format,
  *         memory, nothing found, file not created, disk full, unexpected end.
