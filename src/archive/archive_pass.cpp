@@ -90,7 +90,8 @@ bool ArchivePass::ExtractBatch() {
       return false;
     }
     const Extracted extracted = extractor_.Extract(member);
-    extracted_ += std::max(extracted.end - member.position, std::int64_t{0});
+    extracted_ +=
+        std::max(std::min(extracted.end, file_.size()) - member.position, std::int64_t{0});
     if (progress_ != nullptr && extracted.status != kArchiveOk) {
       status_ = extracted.status;  // alone, whatever came before it
       return false;

@@ -29,9 +29,10 @@ Extracted MemberExtractor::Extract(const ArchiveMember& member) {
   Extracted extracted;
   MemberFacts facts;
   std::string stored;
+  extracted.end = member.position;
   extracted.status = ReadLocalHeader(member, &facts, &stored);
-  extracted.end = file_.position();
   if (extracted.status != kArchiveOk) return extracted;
+  extracted.end = file_.position();
   const LocalName local = MakeLocal(MapMemberName(stored));
   extracted.renamed = local.dropped;
   if (!local.usable || !tree_.Enter(local.folder)) {

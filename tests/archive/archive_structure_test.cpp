@@ -234,6 +234,16 @@ TEST_F(ArchiveStructure, MembersThatTogetherAreLongerThanTheArchiveEndThePass) {
   EXPECT_EQ(Explode(archive), ZE_OK) << "less than a whole archive of them is not noticed";
 }
 
+// What lies before the start of the file takes nothing of it.
+TEST_F(ArchiveStructure, ArchiveWithoutItsBeginningGivesTheMembersBehindIt) {
+  const ZipArchive archive = {{{"one", std::string(200, '1')}, {"two", "2"}, {"three", "3"}}};
+  for (const std::size_t cut : {20U, 30U, 100U}) {
+    EXPECT_EQ(ExplodeBytes(archive.Bytes().substr(cut)), ZE_BAD_FORMAT);
+    EXPECT_EQ(Tree(), (Names{"three=3", "two=2"})) << cut;
+    Empty();
+  }
+}
+
 TEST_F(ArchiveStructure, PatternWithoutAMatchIsWorseThanBadOffsets) {
   ZipArchive archive = OneFile();
   EXPECT_EQ(Explode(archive, "no*"), ZE_FILE_NOT_FOUND);

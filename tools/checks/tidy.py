@@ -3,7 +3,7 @@
 
 A file that was found clean is looked at again when it, a header or the rules have changed. A source of
 the command-line program takes half a minute, for the size of the headers that it includes: name tools to
-look there.
+look there. What stands in src/platform/win32 is compiled for Windows alone and not looked at.
 
 Usage: tidy.py ROOT BUILD [FOLDER...]
 """

@@ -21,7 +21,7 @@ bool IsTaken(const zeapi::CentralHeader& header, const std::string& name,
          zeapi::IsUnpackable(header.facts);
 }
 
-// A member has the name of its own header. Without one it does not become what it was to be.
+// A member has the name of its own header. One without a header counts as a file: the pass fails at it.
 bool IsFolder(zeapi::ArchiveFile& file, std::int64_t position) {
   zeapi::MemberFacts facts;
   std::string name;

@@ -83,6 +83,12 @@ class Archive(program_case.ProgramCase):
             self.write("a.zip", data)
             self.assertEqual(self.answer_lines("a.zip")[-1]["files"], files)
 
+    def test_member_without_a_header_is_a_failure(self):
+        self.archive("a.zip", {"one": b"1", "two": b"2"})
+        data = self.read("a.zip")
+        self.write("a.zip", data.replace(b"PK\3\4", b"XX\3\4", 1))
+        self.run_program("archive", "extract", "a.zip", exit_code=27)
+
     def answer_lines(self, archive):
         done = self.run_program("archive", "extract", archive, "--json")
         return [json.loads(line) for line in done.stdout.splitlines()]

@@ -49,7 +49,6 @@ std::string Files(std::uint32_t count) {
 }
 
 Report Extract(const ExtractOptions& options, Session& session) {
-  const std::string named = options.archive;
   // A member may come to be a file of the name that was given.
   const std::string path = ArchivePath(options.archive);
   Extraction extraction = {session, !options.quiet, ZeFilQuerySize(path.c_str())};
@@ -67,8 +66,8 @@ Report Extract(const ExtractOptions& options, Session& session) {
       session.Err() << '\r' << FileProgressLine(1, 1, Files(extraction.files));
     session.Err() << '\n';
   }
-  report.done = "Extracted " + Files(extraction.files) + " from " + named + ".";
-  report.cannot = "extract " + named;
+  report.done = "Extracted " + Files(extraction.files) + " from " + options.archive + ".";
+  report.cannot = "extract " + options.archive;
   if (endedEarly)
     report.cannot += " behind " + Files(extraction.files) + " of " + std::to_string(expected);
   report.fields = {{"event", "end"},
