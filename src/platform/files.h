@@ -27,8 +27,8 @@ bool MakeDirectory(const char* path);
 
 bool RemoveFile(const char* path);
 
-// Finds an unused name for a temporary file: in the system's folder for such files where it names
-// one, else in `directory`. Stores it in a buffer of `size` bytes.
+// Makes an empty temporary file: in the system's folder for such files where it names one, else in
+// `directory`. Stores its name in a buffer of `size` bytes.
 bool TemporaryName(const char* directory, const char* prefix, char* name, std::size_t size);
 
 // Copies a regular file over whatever the destination holds. Returns 0 or a system error in the

@@ -131,6 +131,31 @@ TEST_F(PlatformFilesTest, KindsOfPaths) {
   EXPECT_EQ(QueryPath(nullptr), PathKind::kMissing);
 }
 
+#ifdef _WIN32
+TEST_F(PlatformFilesTest, DevicesAndPipesAreNoFilesByTheirNames) {
+  fs::create_directory("folder");
+  for (const char* path : {"NUL", "nul", "folder\\nul", "c:\\con", "COM1", "\\\\.\\pipe\\printer",
+                           "\\\\server\\PIPE\\printer", "\\\\.\\NUL"}) {
+    EXPECT_EQ(QueryPath(path), PathKind::kOther) << path;
+    EXPECT_FALSE(SameFile(path, path)) << path;
+    EXPECT_EQ(CopyOver(path, "copy"), 5U) << path;
+  }
+  EXPECT_FALSE(fs::exists("copy"));
+  WriteFile("console", "");
+  EXPECT_EQ(QueryPath("console"), PathKind::kRegularFile);
+  EXPECT_EQ(QueryPath("\\\\server\\pipes\\printer"), PathKind::kMissing);
+}
+
+TEST_F(PlatformFilesTest, WritingNothingInAFileCutsNothingOff) {
+  WriteFile("file", "content");
+  const FileHandle file = HandleOpen("file", FileAccess::kWrite);
+  EXPECT_EQ(HandleSeek(file, 3, SeekOrigin::kStart), 3);
+  EXPECT_EQ(HandleWrite(file, "", 0), 0);
+  EXPECT_TRUE(HandleClose(file));
+  EXPECT_EQ(ReadFile("file"), "content");
+}
+#endif
+
 TEST_F(PlatformFilesTest, OneFileByTwoPaths) {
   WriteFile("file", "");
   WriteFile("other", "");
@@ -159,9 +184,13 @@ TEST_F(PlatformFilesTest, TemporaryNamesFitTheirBuffersAndCanBeOpened) {
   char name[ZE_MAX_NAME + 1];
   ASSERT_TRUE(TemporaryName("\\", "tmpfil", name, sizeof(name)));
   EXPECT_NE(std::string(name).find("tmp"), std::string::npos);
-  const Stream stream(OpenStream(name, "w"));
-  EXPECT_NE(stream, nullptr);
-  RemoveFile(name);
+  EXPECT_TRUE(PathExists(name)) << "nobody else gets it";
+  char second[ZE_MAX_NAME + 1];
+  ASSERT_TRUE(TemporaryName("\\", "tmpfil", second, sizeof(second)));
+  EXPECT_STRNE(second, name);
+  RemoveFile(second);
+  Stream(OpenStream(name, "w"));
+  EXPECT_TRUE(RemoveFile(name));
   char tooSmall[4];
   EXPECT_FALSE(TemporaryName("\\", "tmpfil", tooSmall, sizeof(tooSmall)));
 }

@@ -31,8 +31,8 @@ std::uint32_t Attributes(const char* path, const struct stat& status) {
   return kArchive | (writable ? 0 : kReadOnly);
 }
 
-// To a caller, a backslash parts folders and the others are wildcards: no path means such a file.
-bool CanBeMeant(const char* name) { return std::strpbrk(name, "\\*?") == nullptr; }
+// To a caller a backslash parts folders: no path means a file with one in its name.
+bool CanBeMeant(const char* name) { return std::strchr(name, '\\') == nullptr; }
 
 bool NameBefore(const std::string& a, const std::string& b) {
   const int order = strcasecmp(a.c_str(), b.c_str());

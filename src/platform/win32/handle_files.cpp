@@ -20,6 +20,7 @@ std::int32_t HandleRead(FileHandle file, void* buffer, std::uint32_t count) {
 }
 
 std::int32_t HandleWrite(FileHandle file, const void* data, std::uint32_t count) {
+  if (count == 0) return 0;  // _lwrite would cut the file off here
   return static_cast<std::int32_t>(_lwrite(file, static_cast<const char*>(data), count));
 }
 

