@@ -1,6 +1,7 @@
 #include "base/stream.h"
 #include "download/macro.h"
 #include "download/resource_file.h"
+#include "files/regular_file.h"
 #include "output/plain_file_queue.h"
 #include "pclxl/macro_fixup.h"
 #include "pclxl/pcl_macro_check.h"
@@ -30,7 +31,7 @@ Result CheckPclMacro(const char* macroFile, std::FILE* file, const ZeMacroInfo& 
   const std::uint32_t options = limited ? macro.fixupLimit : std::uint32_t{ZE_FIXUP_DEFAULT};
   const Result written = WriteWorkFile(file, options);
   if (written != ZE_OK) return written;
-  const Stream fixedUp(platform::OpenStream(kWorkFile, "rb"));
+  const Stream fixedUp(OpenRegularFile(kWorkFile, "rb"));
   if (fixedUp == nullptr) return ZE_OPEN_FAILED;
   return CheckPclMacroContent(fixedUp.get());
 }

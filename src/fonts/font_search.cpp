@@ -111,11 +111,13 @@ bool FolderSearch::Visit(const char* path, const GlueEntry* glue) {
   WorkRecord record;
   const bool known = FitsFoundFile(path) && FonQueryInfo(path, &record.info, search_->queryOption,
                                                          filter.kind != kDownloadableOnly) == ZE_OK;
-  if (glue != nullptr && !(known && IsScalablePcl(record.info.format))) settled_.insert(path);
   const bool wanted = known && FindMetrics(path, glue, &record.info) &&
                       filter.Passes(path, record.info) &&
                       descriptions_.count(record.info.description) == 0;
   if (wanted && !List(path, &record)) return false;
+  if (glue != nullptr && !(known && IsScalablePcl(record.info.format) &&
+                           descriptions_.count(record.info.description) == 0))
+    settled_.insert(path);
   return *count_ < limit_;
 }
 

@@ -6,8 +6,8 @@
 #include <initializer_list>
 
 #include "base/stream.h"
+#include "files/regular_file.h"
 #include "pclxl/work_files.h"
-#include "platform/files.h"
 
 namespace zeapi {
 namespace {
@@ -77,7 +77,7 @@ bool WriteStreamOpening(std::string_view name, std::uint32_t dataSize, std::FILE
 }
 
 XlResult CopyPageBody(std::uint32_t size, std::FILE* out) {
-  const Stream body(platform::OpenStream(kXlPageFile, "rb"));
+  const Stream body(OpenRegularFile(kXlPageFile, "rb"));
   if (body == nullptr) return kXlFile;
   std::array<std::uint8_t, 1024> block;
   while (size != 0) {

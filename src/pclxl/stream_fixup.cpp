@@ -2,12 +2,12 @@
 
 #include "base/log.h"
 #include "base/stream.h"
+#include "files/regular_file.h"
 #include "output/plain_file_queue.h"
 #include "output/send_stream.h"
 #include "pclxl/job_control.h"
 #include "pclxl/work_files.h"
 #include "pclxl/xl_fixup.h"
-#include "platform/files.h"
 
 namespace zeapi {
 namespace {
@@ -45,7 +45,7 @@ Result StreamFixupSend(std::FILE* source, GenQueContext* queue, std::uint32_t,
   if (queue->error != ZE_OK) return queue->error;
   if (written != ZE_OK || XlFixupStream(streamName, execute) != kXlOk) return ZE_FIXUP_FAILED;
 
-  const Stream out(platform::OpenStream(kXlOutputFile, "rb"));
+  const Stream out(OpenRegularFile(kXlOutputFile, "rb"));
   if (out == nullptr) return ZE_OPEN_FAILED;
   return SendStream(out.get(), queue, kRawBytes);
 }

@@ -75,6 +75,52 @@ TEST_F(FindFaultTest, Fonts) {
   }
 }
 
+// --- What is read once however often it is asked for
+
+class FindOnceTest : public ScratchTest {
+ protected:
+  // How often a search for fonts calls a function of the system.
+  static int Calls(const char* function, const char* folder) {
+    ZeFoundFile* first = nullptr;
+    FailurePoints points = EachFailure([] {},
+                                       [&] {
+                                         std::uint16_t count = 0;
+                                         first = TRIED(ZeFonFind)(folder, &count, 26, 5, 0, 0);
+                                       },
+                                       [&](const std::string&) { ZeFonFindFree(first); });
+    return points[function];
+  }
+};
+
+TEST_F(FindOnceTest, FontFilesThatGlueNamesOften) {
+  fs::create_directory("fonts");
+  WriteFile("a.pfa", "no name\n");
+  WriteFile("b.pfa", "/FontName /Name def\n");
+  PclFontFile scalable;
+  scalable.headerFormat = 11;
+  WriteFile("c.sfp", scalable.File());
+  std::string entries = "{a.pfa\n{b.pfa\n";
+  std::string fonts = "[PCL fonts]\n{O}\nFONT = c\n/font file = c.sfp\n";
+  std::set<int> opened;
+  for (int times = 0; times < 3; ++times) {
+    WriteFile("fonts/GLUE.TXT", "[Cartridge]\n" + entries + fonts);
+    opened.insert(Calls("open", "fonts"));
+    entries += entries;
+    fonts += "FONT = c\n/font file = c.sfp\n";
+  }
+  EXPECT_EQ(opened.size(), 1U);
+}
+
+TEST_F(FindOnceTest, FolderThatIsSpelledInAnotherCase) {
+  fs::create_directory("fonts");
+  std::set<int> opened;
+  for (const char* name : {"a.pfa", "b.pfa", "c.pfa", "d.pfa"}) {
+    WriteFile(fs::path("fonts") / name, "no name\n");
+    opened.insert(Calls("opendir", "FONTS"));
+  }
+  EXPECT_EQ(opened.size(), 1U);
+}
+
 // --- Memory that ends midway
 
 class FindMemoryTest : public ScratchTest {

@@ -594,17 +594,6 @@ TEST_F(FontSearchTest, GlueEntriesThatLeadNowhereAreSkipped) {
   EXPECT_EQ(Find(), Names{"a.sfp"});
 }
 
-// To read the file for each entry would take minutes.
-TEST_F(FontSearchTest, GlueThatNamesAFileOftenReadsItOnce) {
-  std::string glue = "[Cartridge]\n";
-  for (int i = 0; i < 20000; ++i) glue += i % 2 == 0 ? "{a.pfa\n" : "{b.pfa\n";
-  Write("GLUE.TXT", glue);
-  const std::string lines(200000, '\n');
-  WriteFile("a.pfa", lines);
-  WriteFile("b.pfa", lines + "/FontName /Same def\n");
-  EXPECT_EQ(Find(), Names{"b.pfa"});
-}
-
 TEST_F(FontSearchTest, GlueWorksWhereNothingElseIs) {
   fs::create_directory("other");
   WriteFile("other/one.sfp", Bitmap("One"));

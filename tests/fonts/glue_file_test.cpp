@@ -111,8 +111,8 @@ TEST_F(GlueFileTest, CommentOrBraceEndsTheLineOfTheMemoryToo) {
   EXPECT_EQ(Font("/resource = }12\n").printerMemory, 0U);
 }
 
-// What ends a section of cartridges is not read again for each font: that would take minutes here.
-TEST_F(GlueFileTest, LinesBehindTheCartridgesAreReadOnce) {
+// What ends a section of cartridges, read again for each font, would take minutes here.
+TEST_F(GlueFileTest, ManyFontsBehindManyCommentsOfTheCartridges) {
   std::string text = "[Cartridge]\n";
   for (int i = 0; i < 60000; ++i) text += ";\n";
   text += "[PCL fonts]\n{O}\n";
