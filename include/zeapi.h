@@ -257,8 +257,8 @@ typedef struct ZeDestination {
   int32_t language;         /**< 8: ZE_LANGUAGE_... of the job. */
   uint32_t fontQueryOption; /**< 12: query option used by font download. */
   uint32_t reserved16;      /**< 16 */
-  uint16_t copies;          /**< 20: copies of ZeDatSendFile(), and of every job that begins with a
-                                 bracket-K language selection in PCL or PCL XL; 0 means one. */
+  uint16_t copies;          /**< 20: copies of ZeDatSendFile() and, for bracket-K printers, of every
+                                 job that selects its language, in PCL, PCL XL or none; 0 means one. */
   uint16_t resourceId;      /**< 22: PCL font ID, or macro ID below 32768. */
   uint16_t ppdsFontCode;    /**< 24: first parameter of a PPDS font download. */
   uint16_t ppdsFontSlot;    /**< 26: second parameter of a PPDS font download. */
@@ -1261,7 +1261,7 @@ enum ZeDatFileKind {
  * Lists the files of a directory whose first line holds `#!` and a description behind it.
  * @param directory  empty for the current one.
  * @param kind       of ZeDatFileKind.
- * @param count      receives their number.
+ * @param count      receives their number, 65535 for more.
  * @return a list for ZeDatQueryFilesFree(); null when it is empty or an argument is null. When memory
  *         runs out, what was found so far.
  */
@@ -1494,7 +1494,7 @@ ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeFilQuerySize(const char* path) ZEAPI_NOEXCEPT
 
 /**
  * Copies a file over whatever the destination holds.
- * @param source       the file; anything but a regular one gives ZE_ACCESS_DENIED.
+ * @param source       the file; a folder, pipe or device gives ZE_ACCESS_DENIED.
  * @param destination  the copy.
  * @return ZE_OK; ZE_INVALID_ARGUMENT; ZE_FILE_NOT_FOUND (file or folder); ZE_ACCESS_DENIED;
  *         ZE_NOT_DOS_DISK; ZE_DISK_FULL; ZE_BAD_FORMAT (bad name); ZE_DRIVE_LOCKED;
@@ -1610,14 +1610,16 @@ ZEAPI_EXPORT char* ZEAPI_CALL ZeStrCpyPath(char* destination, const char* path) 
  * @param progress  null, or told of each file. With it the first member that is not perfect ends the
  *                  call, be it that its header, its name, its folder or its file is of no use, or that its
  *                  data is damaged; that member is not told, and its result alone is the call's (ZE_OK
- *                  for a wrong CRC), whatever came before it. Without it only a full disk ends the call.
+ *                  for a wrong CRC), whatever came before it. Without it only a full disk ends the call,
+ *                  and members that lie over each other.
  * @return ZE_OK, also with warnings (members passed over, a CRC that does not match, something before
  *         the archive, nothing in it); ZE_INVALID_ARGUMENT; ZE_FILE_NOT_FOUND (no archive, one of several
  *         disks, or no member that matches the pattern in a directory that was read to its end);
  *         ZE_OPEN_FAILED; ZE_BAD_FORMAT (no archive, its records do not fit together, lie before its
- *         start or over each other, packed data is not valid, or a name cannot be a path); ZE_UNEXPECTED_END (a member's header
- *         or data, or the directory's entries, reach beyond its end); ZE_OUT_OF_MEMORY; ZE_SHARING_VIOLATION (a file cannot be created, or
- *         is the archive); ZE_DISK_FULL. Of several the last in this order of the engine counts: warnings, bad format,
+ *         start or over each other, packed data is not valid, or a name cannot be a path);
+ *         ZE_UNEXPECTED_END (a member's header or data, or the directory's entries, reach beyond its end);
+ *         ZE_OUT_OF_MEMORY; ZE_SHARING_VIOLATION (a file cannot be created, or is the archive);
+ *         ZE_DISK_FULL. Of several the last in this order of the engine counts: warnings, bad format,
  *         memory, nothing found, file not created, disk full, unexpected end.
  */
 ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeZipExplode(const char* archive, const char* pattern,

@@ -7,7 +7,8 @@ namespace zeapi {
 namespace {
 
 // Blocks grow with the file: few of them, and a small file has a small one. Threefold, so that together they are
-// less than twice the last one: of more than that glibc returns pages, to fault them in for the next file.
+// less than twice the last one until they grow no more: of more than that glibc returns pages, to fault them in
+// for the next file.
 constexpr std::size_t kFirstBlock = 16384;
 constexpr std::size_t kGrowth = 3;
 constexpr std::size_t kLargestBlock = std::size_t{4} << 20;

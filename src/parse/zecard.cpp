@@ -152,7 +152,7 @@ class OptionReader {
     });
   }
 
-  // What was read before is replaced by what is there whole, and by nothing less.
+  // What was read before is replaced by a number or text that is there whole.
   bool TakeInteger(std::int32_t* value) {
     const std::int32_t read = parser_.ReadInteger();
     if (parser_.CutShort()) return false;

@@ -184,6 +184,14 @@ TEST_F(ZeParseTest, TheLastFieldOfANameCounts) {
   EXPECT_EQ(element("ID:1,ID:0,DT:1").type, 1);
   EXPECT_EQ(element("ID:0,ID:1,DT:1").id, 7);
   EXPECT_EQ(element("ID:1,ID:3").id, 0);
+  ZeAlertParser& children = Parse(
+      Record(Keys("ID:1,DT:1", "NE:1,NE:0", "LD:1,DA:0"), ElementHead(1, 0) + "\x05 and more"));
+  children.ReadElement();
+  EXPECT_EQ(children.EnterContainer(), 0);
+  ZeAlertParser& data =
+      Parse(Record(Keys("ID:1,DT:1", "NE:1", "LD:1,LD:0,DA:0"), ElementHead(1, 2) + "\3abc"));
+  data.ReadElement();
+  EXPECT_EQ(AsText(data.ReadBytes()), "");
 }
 
 TEST_F(ZeParseTest, TheFirstOfSeveralDataFieldsCounts) {
@@ -194,8 +202,8 @@ TEST_F(ZeParseTest, TheFirstOfSeveralDataFieldsCounts) {
   EXPECT_EQ(parser.BytesLeft(), 0);
 }
 
-// Keys of a record as large as they come, which would be walked for each of its elements.
-TEST_F(ZeParseTest, FieldsWithoutBytesCostNothing) {
+// Keys of a record as large as they come; each would be walked for each of its elements.
+TEST_F(ZeParseTest, RecordOfManyFieldsWithoutBytesAndManyElements) {
   std::string nothing;
   for (int i = 0; i < 5000; ++i) nothing += ",DA,ID";
   const std::string elements(32000, '\3');

@@ -35,5 +35,17 @@ TEST_F(DataPipeTest, ListingPassesItOver) {
   ZeDatQueryFilesFree(list);
 }
 
+TEST_F(DataPipeTest, MoreFilesThanTheCountCanTell) {
+  fs::create_directory("many");
+  WriteFile("one", "#!Description\n");
+  for (int i = 0; i <= 65536; ++i) {
+    ASSERT_EQ(symlink("../one", ("many/" + std::to_string(i) + ".cfg").c_str()), 0);
+  }
+  std::uint16_t count = 0;
+  ZeDatFileInfo* list = ZeDatQueryFiles("many", ZE_DAT_CONFIGURATION_FILES, &count);
+  EXPECT_EQ(count, 65535);
+  ZeDatQueryFilesFree(list);
+}
+
 }  // namespace
 }  // namespace zeapi::testing
