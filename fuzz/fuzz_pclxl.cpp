@@ -67,8 +67,8 @@ void CheckStored(const std::string& stored, const std::string& name, bool execut
   Check(Number32(stored, data + 9) == body.size() + 17, "the data has that length too");
   Check(stored.substr(data + 13, 17) == stored.substr(0, 17), "the data begins with a header");
   Check(stored.substr(data + 30, body.size()) == body, "the data is the page");
-  Check(ReadWhole("in.str").find('\x43' + body) != std::string::npos,
-        "the page is what stands behind BeginPage");
+  Check(body.empty() || ReadWhole("in.str").find('\x43' + body) != std::string::npos,
+        "the page is what stands behind BeginPage, if there is one");
   const Stream file(std::fopen("output", "rb"));
   CountingSink sink;
   // The page that runs the stream is one that the reader itself would not store.
