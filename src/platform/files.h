@@ -13,6 +13,9 @@ namespace zeapi::platform {
 // for an empty mode.
 std::FILE* OpenStream(const char* path, const char* mode);
 
+// Like OpenStream(path, "a"), but does not wait where somebody has put a pipe that nobody reads.
+std::FILE* OpenLogStream(const char* path);
+
 bool PathExists(const char* path);
 bool PathReadable(const char* path);
 

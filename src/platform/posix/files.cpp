@@ -63,6 +63,15 @@ std::FILE* OpenStream(const char* path, const char* mode) {
   return stream;
 }
 
+// Asking for the kind of file first would cost every line of the log as much as opening it.
+std::FILE* OpenLogStream(const char* path) {
+  const int descriptor = Open(path, OpenFlags("a") | O_NONBLOCK);
+  if (descriptor < 0) return nullptr;
+  std::FILE* stream = fdopen(descriptor, "a");
+  if (stream == nullptr) close(descriptor);
+  return stream;
+}
+
 // A link that leads nowhere is there: to create its name would write behind it.
 bool PathExists(const char* path) {
   HostPath host;

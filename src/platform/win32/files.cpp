@@ -45,6 +45,8 @@ std::FILE* OpenStream(const char* path, const char* mode) {
   return std::fopen(path, mode);
 }
 
+std::FILE* OpenLogStream(const char* path) { return OpenStream(path, "a"); }
+
 bool PathExists(const char* path) { return _access(path, kExists) == 0; }
 
 bool PathReadable(const char* path) { return _access(path, kReadable) == 0; }
