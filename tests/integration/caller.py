@@ -2,7 +2,8 @@
 
 import argparse
 import os
-import subprocess
+
+from captured_run import captured_run
 
 
 def _arguments():
@@ -21,9 +22,8 @@ WINE = OPTIONS.wine
 def call(*arguments, folder, seconds, environment, data=None):
     """Runs the caller in a folder. Returns what it writes; it must end well."""
     command = ["wine"] if WINE else []
-    done = subprocess.run([*command, OPTIONS.caller, *map(str, arguments)], cwd=folder, input=data,
-                          env={**os.environ, **environment}, stdout=subprocess.PIPE,
-                          stderr=subprocess.PIPE, timeout=seconds, check=False)
+    done = captured_run([*command, OPTIONS.caller, *map(str, arguments)], cwd=folder, input=data,
+                        env={**os.environ, **environment}, timeout=seconds)
     if done.returncode != 0:
         raise AssertionError(done.stderr.decode(errors="replace"))
     return done.stdout.replace(b"\r\n", b"\n")

@@ -9,13 +9,13 @@ import os
 import pwd
 import signal
 import socket
-import subprocess
 import sys
 import tempfile
 import unittest
 
 import caller
 from caller import WINE
+from captured_run import captured_run
 from folder_case import FolderCase
 
 Outcome = collections.namedtuple("Outcome", "results output log")
@@ -69,8 +69,9 @@ class JobCase(FolderCase):
 def host_names():
     """Names of the computer and of the user as the host's programs see them."""
     if WINE:
-        told = subprocess.run(["wine", "cmd", "/c", "echo %COMPUTERNAME%/%USERNAME%"], check=True,
-                              stdout=subprocess.PIPE, timeout=CALL_SECONDS, text=True)
+        told = captured_run(["wine", "cmd", "/c", "echo %COMPUTERNAME%/%USERNAME%"],
+                            timeout=CALL_SECONDS, text=True)
+        told.check_returncode()
         computer, user = told.stdout.strip().split("/")
     else:
         # A Windows computer name has at most 15 characters and no domain.

@@ -10,6 +10,7 @@ import subprocess
 import sys
 import unittest
 
+from captured_run import captured_run
 from folder_case import LibraryCase
 
 UEL = b"\x1b%-12345X"
@@ -20,13 +21,11 @@ class ProgramCase(LibraryCase):
     command = []
 
     def run_program(self, *arguments, exit_code=0):
-        done = subprocess.run(
+        done = captured_run(
             self.command + list(arguments),
             cwd=self.folder,
             env=self.environment,
             stdin=subprocess.DEVNULL,
-            stdout=subprocess.PIPE,
-            stderr=subprocess.PIPE,
             text=True,
         )
         self.assertEqual(done.returncode, exit_code, done.stdout + done.stderr)
