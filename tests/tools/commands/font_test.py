@@ -144,12 +144,21 @@ class Font(program_case.ProgramCase):
         self.run_program("font", "convert", "out.pfm", "pfm-to-afm", "-o", "back.afm")
         self.assertRegex(self.read("back.afm"), rb"C +65 ; WX +722 ; N A ;")
 
+    def test_convert_names_all_files_that_may_be_missing(self):
+        self.write("a.sfp", self.PCL)
+        self.write("t.afm", b"StartFontMetrics 2.0\n")
+        done = self.run_program("font", "convert", "t.afm", "afm-to-pfm", exit_code=2)
+        self.assertEqual(done.stderr, "zeapi: cannot convert t.afm with the INF file beside it: "
+                         "the file does not exist (2)\n")
+        done = self.run_program("font", "convert", "a.sfp", "tfm-to-pfm", "--tfm", "none.tfm",
+                                exit_code=27)
+        self.assertIn("cannot convert a.sfp with none.tfm: ", done.stderr)
+
     def test_convert_refuses_what_is_no_font(self):
         self.write("a.sfp", self.PCL)
         self.run_program("font", "convert", "none.afm", "afm-to-pfm", exit_code=2)
         self.run_program("font", "convert", "a.sfp", "tfm-to-pfm", exit_code=64)
         self.run_program("font", "convert", "a.sfp", "nonsense", exit_code=64)
-        self.run_program("font", "convert", "a.sfp", "tfm-to-pfm", "--tfm", "none.tfm", exit_code=27)
 
     def test_send_into_flash_memory(self):
         self.write("font.sfp", self.PCL)

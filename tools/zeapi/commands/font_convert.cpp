@@ -28,6 +28,14 @@ bool NeedsTfm(std::int32_t conversion) {
   return conversion == ZE_CONVERT_TFM_TO_PFM || conversion == ZE_CONVERT_TFM_TO_PFM_NAMED;
 }
 
+// What is read, for a message: the file that does not exist may be the second one.
+std::string Sources(const ConvertOptions& options) {
+  const bool needsInf = options.conversion == ZE_CONVERT_AFM_TO_PFM ||
+                        options.conversion == ZE_CONVERT_AFM_TO_PFM_AND_PSM;
+  if (needsInf) return options.file + " with the INF file beside it";
+  return NeedsTfm(options.conversion) ? options.file + " with " + options.tfm : options.file;
+}
+
 // The record of the PCL font that the TFM file belongs to. False when there is none.
 bool FillRecord(const ConvertOptions& options, ZeFontInfo* info, std::uint32_t* result) {
   *result = ZeFonQueryInfo(options.file.c_str(), info, 0, 0);
@@ -51,7 +59,7 @@ void Convert(const ConvertOptions& options, Session& session) {
                                  kCompanionFile, static_cast<std::uint32_t>(options.conversion));
   }
   report.done = "Converted " + options.file + " (" + conversion + ").";
-  report.cannot = "convert " + options.file;
+  report.cannot = "convert " + Sources(options);
   report.fields = {{"file", options.file}, {"conversion", conversion}, {"output", options.output}};
   session.Finish(report);
 }
