@@ -16,8 +16,8 @@
  * - **Strings** are zero-terminated 8-bit strings. A file or printer name has at most
  *   ZE_MAX_NAME characters.
  * - **Paths** are Windows paths on every host: `\` and `/` separate, case is ignored, `X:` is a
- *   drive. On other hosts `x:\` stands for the folder `$ZEAPI_DRIVES/x/`; without that variable
- *   no drive exists.
+ *   drive. On other hosts `x:\` stands for the folder `$ZEAPI_DRIVES/x/`, out of which no
+ *   `..` leads; without that variable no drive exists.
  * - **Records** are packed to one byte, but for those of ZeParseOptionInfo() and ZeJobAccount. Offsets are given for 4-byte pointers.
  * - **Memory** that a call hands out belongs to the caller, who gives it back with the release call
  *   named there. The library keeps no pointer to caller memory after a call has returned.
@@ -1231,7 +1231,8 @@ ZEAPI_EXPORT int16_t ZEAPI_CALL ZeDatGetNextKey(int32_t handle, ZeDatRecord* rec
  * Counts the run of records from the first match of a key on whose keys begin with its first five
  * characters.
  * @param path  at most ZE_MAX_NAME characters.
- * @param key   a ZeDatRecord whose `szKey` is the key; it is overwritten with the last record read.
+ * @param key   a ZeDatRecord whose `szKey` is the key; it is overwritten with the last record read. No
+ *              record begins with a key of more than five characters.
  * @param mode  ZE_DAT_READ.
  * @return the number; ZE_DAT_BAD_HANDLE (null key); ZE_DAT_OPEN_FAILED (the file does not open for any
  *         reason); ZE_DAT_FAILED (closing). The number is stored in 16 bits: one above 32767 looks like a

@@ -36,12 +36,15 @@ std::string OutputName(const Conversion& conversion, const char* extension) {
   return ReplaceExtension(conversion.fontFile, extension).text;
 }
 
-// Of conversions 1 and 2: a name without a dot is a folder for the file.
-std::string Type1OutputName(const Conversion& conversion) {
+// Of conversions 1 and 2: a name without a dot is a folder for the file. A name of a file is that of
+// the one file there is, and gives those of two their stem.
+std::string Type1OutputName(const Conversion& conversion, const char* extension) {
   const std::string_view output = conversion.outputFile;
-  if (output.empty() || output.find('.') != std::string_view::npos)
-    return OutputName(conversion, "PFM");
-  const std::string name = ReplaceExtension(conversion.fontFile, "PFM").text;
+  const bool isFile = output.find('.') != std::string_view::npos;
+  if (isFile && conversion.number == ZE_CONVERT_AFM_TO_PFM_AND_PSM)
+    return ReplaceExtension(output, extension).text;
+  if (output.empty() || isFile) return OutputName(conversion, extension);
+  const std::string name = ReplaceExtension(conversion.fontFile, extension).text;
   const std::size_t lastMark = name.find_last_of("\\/:");
   const std::string file = lastMark == std::string::npos ? name : name.substr(lastMark + 1);
   const bool needsMark = std::string_view("\\/:").find(output.back()) == std::string_view::npos;
@@ -67,15 +70,10 @@ Result ConvertType1(const Conversion& conversion) {
   WindowsMetrics metrics;
   const Result described = DescribeType1(*afm, &metrics);
   if (described != ZE_OK) return described;
-  const std::string output = Type1OutputName(conversion);
-  if (conversion.number == ZE_CONVERT_AFM_TO_PFM) return WritePfm(output.c_str(), metrics);
-
-  if (output.size() > ZE_MAX_NAME) return ZE_OPEN_FAILED;
-  const PathText pfmFile = ReplaceExtension(output, "PFM");
-  const Result written = WritePfm(pfmFile.text, metrics);
-  if (written != ZE_OK) return written;
+  const Result written = WritePfm(Type1OutputName(conversion, "PFM").c_str(), metrics);
+  if (written != ZE_OK || conversion.number == ZE_CONVERT_AFM_TO_PFM) return written;
   AdjustToPclDevice(*afm, &metrics);
-  return WritePfm(ReplaceExtension(output, "PSM").text, metrics);
+  return WritePfm(Type1OutputName(conversion, "PSM").c_str(), metrics);
 }
 
 Result ConvertPfm(const Conversion& conversion) {

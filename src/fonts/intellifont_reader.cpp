@@ -87,7 +87,9 @@ void ReadMeasures(const TaggedFile& file, IntellifontMetrics* metrics) {
   metrics->slant = NumberIn(file, kSlant);
   metrics->structure = NumberIn(file, kStructure) / 8;
   metrics->appearance = PclAppearance(file.Number(kAppearance));
-  metrics->strokeWeight = PclStrokeWeight(file.Number(kStrokeWeight));
+  // Where no weight is said the font is a medium one.
+  if (!file.Bytes(kStrokeWeight).empty())
+    metrics->strokeWeight = PclStrokeWeight(file.Number(kStrokeWeight));
   metrics->fixedPitch = file.Number(kSpacing) != 0;
   metrics->serifStyle = NumberIn(file, kSerifStyle);
   metrics->wordSpacing = NumberIn(file, kWordSpacing);

@@ -20,10 +20,13 @@ const char* WeightCode(std::int8_t strokeWeight) {
   return strokeWeight < -7 || strokeWeight > 7 ? "" : kWeightCodes[strokeWeight + 7];
 }
 
+// All bytes of the font name, which may hold zeros.
+std::string_view NameBytes(const PclDescriptor& descriptor) { return {descriptor.name, 16}; }
+
 const char* PostureCode(const PclDescriptor& descriptor) {
   switch (descriptor.style & 3) {
     case 1:
-      return std::string_view(descriptor.name).find("Italic") == std::string_view::npos ? "It" : "";
+      return NameBytes(descriptor).find("Italic") == std::string_view::npos ? "It" : "";
     case 2:
       return "Al";
     default:

@@ -2,6 +2,7 @@
 #include <cstdio>
 
 #include "base/stream.h"
+#include "files/file_utilities.h"
 #include "files/regular_file.h"
 #include "fonts/afm_reader.h"
 #include "fonts/field_text.h"
@@ -36,12 +37,13 @@ void SetDetail(const AfmMetrics& metrics, ZeFontInfo* info) {
 
 Result QueryAfm(const FontQuery& query) {
   const bool needsInf = query.option == 4 || query.option == 5;
-  if (needsInf && !CompanionExists(query, "INF")) {
+  const PathText infFile = ReplaceExtension(query.path, "INF");
+  if (needsInf && !FilExists(infFile.text)) {
     return query.option == 5 ? ZE_OK : ZE_UNSUPPORTED;
   }
   const Stream afm(OpenRegularFile(query.path, "r"));
   if (afm == nullptr) return ZE_OPEN_FAILED;
-  const Stream inf(OpenRegularFile(ReplaceExtension(query.path, "INF").text, "r"));
+  const Stream inf(OpenRegularFile(infFile.text, "r"));
   if (needsInf && inf == nullptr) return query.option == 5 ? ZE_OK : ZE_OPEN_FAILED;
 
   const AfmMetricsPtr metrics = NewAfmMetrics(query.path);

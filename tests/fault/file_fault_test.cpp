@@ -25,7 +25,22 @@ std::set<std::uint32_t> CopyCodesAnd(const std::set<std::uint32_t>& more) {
   return codes;
 }
 
-class FileFaultTest : public FaultTest {};
+// Temporary files, which stay where their removal fails, are made in the test's folder.
+class FileFaultTest : public FaultTest {
+ protected:
+  void SetUp() override {
+    FaultTest::SetUp();
+    if (const char* before = std::getenv("TMPDIR")) before_ = before;
+    setenv("TMPDIR", folder().c_str(), 1);
+  }
+  void TearDown() override {
+    before_.empty() ? unsetenv("TMPDIR") : setenv("TMPDIR", before_.c_str(), 1);
+    FaultTest::TearDown();
+  }
+
+ private:
+  std::string before_;
+};
 
 TEST_F(FileFaultTest, Copy) {
   FailEachInTurn({[&] {
@@ -154,7 +169,6 @@ TEST_F(FileFaultTest, EachFailureOfRewritingAFileHasItsCode) {
   FailEach("fgets", prepare, call, gives(ZE_READ_FAILED));
   FailEach("fdopen", prepare, call, gives(ZE_OPEN_FAILED));
   FailEach("fopencookie", prepare, call, gives(ZE_OPEN_FAILED));
-  unsetenv("TMPDIR");
 }
 
 TEST_F(FileFaultTest, SumIsStoredEvenWhenReadingOrClosingFails) {

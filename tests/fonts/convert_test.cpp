@@ -94,6 +94,15 @@ TEST_F(ConvertTest, DefaultNameOfAFileWithoutADotIsLengthened) {
   WriteFile("font", PclFont());
   ASSERT_EQ(ZeFonConvert("font", "", nullptr, 0, 5), ZE_OK);
   EXPECT_TRUE(fs::exists("fontPFM"));
+  WriteFile("type1", kAfm);
+  WriteFile("type1INF", kInf);
+  ASSERT_EQ(ZeFonConvert("type1", nullptr, nullptr, 0, 2), ZE_OK);
+  EXPECT_TRUE(fs::exists("type1PFM"));
+  EXPECT_TRUE(fs::exists("type1PSM"));
+  fs::create_directory("out");
+  ASSERT_EQ(ZeFonConvert("type1", "out", nullptr, 0, 2), ZE_OK);
+  EXPECT_TRUE(fs::exists("out/type1PFM"));
+  EXPECT_TRUE(fs::exists("out/type1PSM"));
 }
 
 TEST_F(ConvertTest, GivenNameIsTakenAsItIs) {

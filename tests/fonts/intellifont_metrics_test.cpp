@@ -123,6 +123,9 @@ TEST_F(IntellifontTest, WeightsAndPitch) {
     font.strokeWeight = weight;
     EXPECT_EQ(MetricsOf(font).U16(83), windows) << int{weight};
   }
+  font.without = {411};
+  EXPECT_EQ(MetricsOf(font).U16(83), 400U);
+  font.without.clear();
   font.spacing = 5000;
   font.strokeWeight = 171;
   const MetricsView pfm = MetricsOf(font);

@@ -207,6 +207,8 @@ TEST(StyleSuffix, NameThatSaysItalicNeedsNoPosture) {
   EXPECT_STREQ(StyleSuffix(Parsed(font)).text, "Bd");
   font.name = "0123456789Italic";
   EXPECT_STREQ(StyleSuffix(Parsed(font)).text, "Bd");
+  font.name = std::string("Cour\0Italic", 11);
+  EXPECT_STREQ(StyleSuffix(Parsed(font)).text, "Bd");
   font.name = "Courier italic";
   EXPECT_STREQ(StyleSuffix(Parsed(font)).text, "BdIt");
   font.style = 2;

@@ -35,6 +35,24 @@ TEST_F(QueryAfmTest, FillsTheRecord) {
   EXPECT_STREQ(info.symbolSet, "");
 }
 
+#ifndef _WIN32  // paths of this length do not exist there
+TEST_F(QueryAfmTest, InfIsReadAndPfbIsMissingWherePathsHave260Characters) {
+  std::string font;
+  while (font.size() < 240) font += "folder/";
+  fs::create_directories(font);
+  font += std::string(256 - font.size(), 'f');
+  WriteFile(font + ".afm", "StartFontMetrics 2.0\nFontName Courier-Bold\nEndFontMetrics\n");
+  WriteFile(font + ".INF", "MSMenuName (Courier)\n");
+  Touch(font + ".PFB");
+  for (const std::uint32_t option : {0U, 2U, 4U, 5U}) {
+    EXPECT_EQ(Query(font + ".afm", option), ZE_UNSUPPORTED) << option;
+    EXPECT_STREQ(info.description, "Courier-Bold");
+    EXPECT_STREQ(info.detail, "Courier");
+    EXPECT_STREQ(info.companionFile, "");
+  }
+}
+#endif
+
 TEST_F(QueryAfmTest, DetailIsTheMenuNameAndItsStyle) {
   EXPECT_EQ(DetailOf("MSMenuName (Courier)\nVPStyle (B)\n"), "Courier,BOLD");
   EXPECT_EQ(DetailOf("MSMenuName (Courier)\nVPStyle (I)\n"), "Courier,ITALIC");

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <cstring>
+#include <string_view>
 
 #include "platform/posix/folder_names.h"
 
@@ -32,6 +33,26 @@ bool WriteDrive(char letter, HostPath* host) {
   *end++ = '/';
   host->rest = static_cast<std::size_t>(end - host->text);
   return true;
+}
+
+// Takes the ".." out that would lead above the folder in which these components begin: the root of a
+// drive is its own parent.
+void StayBelow(char* components) {
+  std::size_t depth = 0;
+  char* to = components;
+  for (const char* from = components; *from != '\0';) {
+    const std::size_t length = std::strcspn(from, "/");
+    const std::string_view name(from, length);
+    const bool up = name == "..";
+    if (!up || depth > 0) {
+      to = std::copy_n(from, length, to);
+      if (from[length] == '/') *to++ = '/';
+      if (up) --depth;
+      if (!up && !name.empty() && name != ".") ++depth;
+    }
+    from += length + (from[length] == '/' ? 1 : 0);
+  }
+  *to = '\0';
 }
 
 // Replaces the component at `name`, the last one of the host path, by the first entry of its folder
@@ -85,6 +106,7 @@ bool ToHostPathAsWritten(const char* path, HostPath* host) {
   const std::size_t length = std::strlen(path);
   if (length >= sizeof(host->text) - host->rest) return false;
   std::replace_copy(path, path + length + 1, host->text + host->rest, '\\', '/');
+  if (host->rest != 0) StayBelow(host->text + host->rest);
   return true;
 }
 

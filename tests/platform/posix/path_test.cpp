@@ -35,6 +35,17 @@ TEST_F(PathTest, DrivesAreFoldersOfTheVariable) {
   EXPECT_EQ(Mapped("c:"), Drive("c/"));
 }
 
+TEST_F(PathTest, RootOfADriveIsItsOwnParent) {
+  EXPECT_EQ(Mapped("c:\\..\\x.log"), Drive("c//x.log"));
+  EXPECT_EQ(Mapped("c:..\\..\\x"), Drive("c/x"));
+  EXPECT_EQ(Mapped("c:\\a\\..\\..\\..\\b\\..\\x"), Drive("c//a/../b/../x"));
+  EXPECT_EQ(Mapped("c:\\a\\..\\.\\\\..\\x"), Drive("c//a/.././/x"));
+  EXPECT_EQ(Mapped("c:\\.."), Drive("c//"));
+  EXPECT_EQ(Mapped("c:\\..."), Drive("c//..."));
+  EXPECT_EQ(Mapped("c:\\a..\\..b\\"), Drive("c//a../..b/"));
+  EXPECT_EQ(Mapped("..\\x"), "../x");
+}
+
 TEST_F(PathTest, WithoutTheVariableNoDriveExists) {
   unsetenv("ZEAPI_DRIVES");
   EXPECT_EQ(Mapped("c:\\x.log"), "(none)");
