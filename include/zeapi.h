@@ -1618,7 +1618,8 @@ ZEAPI_EXPORT char* ZEAPI_CALL ZeStrCpyPath(char* destination, const char* path) 
  *         disks, or no member that matches the pattern in a directory that was read to its end);
  *         ZE_OPEN_FAILED; ZE_BAD_FORMAT (no archive, its records do not fit together, lie before its
  *         start or over each other, packed data is not valid, or a name cannot be a path);
- *         ZE_UNEXPECTED_END (a member's header or data, or the directory's entries, reach beyond its end);
+ *         ZE_UNEXPECTED_END (a member's header or data, or the directory's entries as far as they are
+ *         needed, reach beyond its end);
  *         ZE_OUT_OF_MEMORY; ZE_SHARING_VIOLATION (a file cannot be created, or is the archive);
  *         ZE_DISK_FULL. Of several the last in this order of the engine counts: warnings, bad format,
  *         memory, nothing found, file not created, disk full, unexpected end.

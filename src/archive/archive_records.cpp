@@ -44,7 +44,9 @@ ArchiveStatus ReadLocalEntry(ArchiveFile& file, MemberFacts* facts, std::string*
   const ArchiveStatus status = ReadRecord(file, ZipRecord::kLocal, &bytes);
   if (status != kArchiveOk) return status;
   *facts = ParseLocalHeader(bytes);
-  return ReadName(file, facts->nameLength, facts->extraLength, name);
+  const ArchiveStatus named = ReadName(file, facts->nameLength, facts->extraLength, name);
+  if (named != kArchiveOk) return named;
+  return file.position() <= file.size() ? kArchiveOk : kArchiveUnexpectedEnd;
 }
 
 }  // namespace zeapi

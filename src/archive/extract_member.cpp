@@ -66,8 +66,8 @@ ArchiveStatus MemberExtractor::Decode(const MemberFacts& facts, BlockSink& sink)
   ArchiveStatus status = kArchiveOk;
   bool whole = true;
   if (facts.method == kZipStored) {
-    whole =
-        CopyStored(source, size, {buffers_.output.get(), ArchiveBuffers::kOutput}, sink) == size;
+    const std::span<std::uint8_t> buffer(buffers_.output.get(), ArchiveBuffers::kOutput);
+    whole = CopyStored(source, facts.compressedSize, buffer, sink) == facts.compressedSize;
   } else if (facts.method == kZipDeflated) {
     status = Inflate(source, window);
     whole = status == kArchiveOk;

@@ -220,7 +220,7 @@ TEST_F(ArchiveStructure, MemberThatEndsThePassHidesBadOffsets) {
 }
 
 // Entries of one and the same member could make a small archive work for hours.
-TEST_F(ArchiveStructure, MembersThatTogetherAreLongerThanTheArchiveEndThePass) {
+TEST_F(ArchiveStructure, MembersThatTogetherAreFarLongerThanTheArchiveEndThePass) {
   ZipArchive archive;
   for (int i = 0; i < 10; ++i) {
     ZipMember member = {"m", i == 0 ? std::string(1000, 'm') : ""};
@@ -228,10 +228,10 @@ TEST_F(ArchiveStructure, MembersThatTogetherAreLongerThanTheArchiveEndThePass) {
     archive.members.push_back(member);
   }
   EXPECT_EQ(ExplodeTold(archive), ZE_BAD_FORMAT);
-  EXPECT_EQ(progress().size(), 2U);
+  EXPECT_EQ(progress().size(), 7U);
   EXPECT_EQ(Explode(archive), ZE_BAD_FORMAT);
-  archive.members.resize(2);
-  EXPECT_EQ(Explode(archive), ZE_OK) << "less than a whole archive of them is not noticed";
+  archive.members.resize(5);
+  EXPECT_EQ(Explode(archive), ZE_OK) << "less than four archives of them are not noticed";
 }
 
 // What lies before the start of the file takes nothing of it.

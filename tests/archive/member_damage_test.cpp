@@ -71,7 +71,12 @@ TEST_F(ZipDamage, SizesThatLie) {
   ZipMember fewer = {"fewer", "content"};
   fewer.compressedSize = 2;
   EXPECT_EQ(Explode({{shorter, longer, fewer}}), ZE_OK);
-  EXPECT_EQ(Tree(), (Names{"fewer=co", "longer=content", "shorter=con"}));
+  EXPECT_EQ(Tree(), (Names{"fewer=co", "longer=content", "shorter=content"}));
+  // A copy is as long as the packed data, which may be none and may have bytes behind the plain ones.
+  ZipMember none = {"none", "content"};
+  none.uncompressedSize = 0;
+  EXPECT_EQ(Explode({{none}}), ZE_OK);
+  EXPECT_EQ(ReadFile("none"), "content");
   // Deflate ends at its own end.
   ZipMember deflated = {"deflated", "abc", 8,
                         Bytes("\x01\x03\x00\xFC\xFF"
@@ -81,6 +86,31 @@ TEST_F(ZipDamage, SizesThatLie) {
   EXPECT_EQ(ReadFile("deflated"), "abc");
   deflated.compressedSize = 6;
   EXPECT_EQ(Explode({{deflated}}), ZE_BAD_FORMAT);
+}
+
+TEST_F(ZipDamage, LocalExtraFieldBeyondTheArchiveIsAnUnexpectedEnd) {
+  WriteFile("file", "old");
+  for (const ZipMember& member : {ZipMember{"file", ""}, {"file", "content"}, {"folder/", ""}}) {
+    std::string bytes = ZipArchive{{member}}.Bytes();
+    constexpr std::size_t kExtraLength = 28;
+    bytes.replace(kExtraLength, 2, "\xFF\xFF");
+    EXPECT_EQ(ExplodeBytes(bytes), ZE_UNEXPECTED_END) << member.name;
+  }
+  EXPECT_EQ(Tree(), Names{"file=old"});
+}
+
+TEST_F(ZipDamage, SizesBeyondTheArchiveEndNoOtherMember) {
+  ZipArchive archive;
+  for (const char* name : {"f0", "f1", "f2", "f3"}) {
+    ZipMember member = {name, "hello world"};
+    member.compressedSize = 5000;
+    member.method = 8;
+    member.packed = Bytes("\x01\x0B\x00\xF4\xFF") + "hello world";
+    archive.members.push_back(member);
+  }
+  EXPECT_EQ(Explode(archive), ZE_OK);
+  EXPECT_EQ(Tree(),
+            (Names{"f0=hello world", "f1=hello world", "f2=hello world", "f3=hello world"}));
 }
 
 TEST_F(ZipDamage, KeepsAnImplodedSizeThatDoesNotFitAWarning) {
