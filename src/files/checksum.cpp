@@ -6,8 +6,8 @@
 namespace zeapi {
 namespace {
 
-constexpr std::uint32_t kBlock = 32768;
-static_assert(kBlock % 2 == 0);
+constexpr std::uint32_t kReadBlock = 32768;
+static_assert(kReadBlock % 2 == 0);
 
 // Sums words that come in pieces of any size.
 class WordSum {
@@ -57,10 +57,10 @@ class WordSum {
 // Sums the whole file and clears the mark of its end.
 std::uint16_t SumFile(FilAccess* file, std::uint16_t skip) {
   WordSum sum(skip);
-  std::uint8_t block[kBlock];
+  std::uint8_t block[kReadBlock];
   std::uint32_t held = 0;  // 1 when an odd byte of the last read waits for its other half
   FilSeek(file, 0, platform::SeekOrigin::kStart);
-  while (const std::uint32_t count = FilRead(file, block + held, kBlock - held)) {
+  while (const std::uint32_t count = FilRead(file, block + held, kReadBlock - held)) {
     const std::uint32_t available = held + count;
     sum.AddWords(block, available & ~1U);
     held = available & 1U;

@@ -10,11 +10,11 @@ namespace {
 
 namespace fs = std::filesystem;
 
-std::vector<std::string> lines;
+std::vector<std::string> linesSeen;
 std::uint32_t lastValue;
 
 std::uint32_t ZEAPI_CALL Record(char* line, std::uint32_t value) {
-  lines.push_back(line);
+  linesSeen.push_back(line);
   lastValue = value;
   return 99;
 }
@@ -43,7 +43,7 @@ class ModifyTest : public ScratchTest {
  protected:
   void SetUp() override {
     ScratchTest::SetUp();
-    lines.clear();
+    linesSeen.clear();
     temporary_ = folder() / "temporary";
     fs::create_directory(temporary_);
     const char* before = std::getenv(kVariable);
@@ -81,7 +81,7 @@ class ModifyTest : public ScratchTest {
 TEST_F(ModifyTest, CallbackGetsEachLineWithItsNewlineAndTheValue) {
   WriteFile("file.txt", "one\n\nthree");
   EXPECT_EQ(ZeFilModify("file.txt", 0xDEADBEEF, Record), ZE_OK);
-  EXPECT_EQ(lines, (std::vector<std::string>{"one\n", "\n", "three"}));
+  EXPECT_EQ(linesSeen, (std::vector<std::string>{"one\n", "\n", "three"}));
   EXPECT_EQ(lastValue, 0xDEADBEEF);
   EXPECT_BYTES(Text(), "one\n\nthree");
 }
@@ -89,7 +89,7 @@ TEST_F(ModifyTest, CallbackGetsEachLineWithItsNewlineAndTheValue) {
 TEST_F(ModifyTest, LinesOfAWindowsFileEndInALineFeedAlone) {
   WriteFile("file.txt", "one\r\ntwo\r\n");
   EXPECT_EQ(ZeFilModify("file.txt", 0, Record), ZE_OK);
-  EXPECT_EQ(lines, (std::vector<std::string>{"one\n", "two\n"}));
+  EXPECT_EQ(linesSeen, (std::vector<std::string>{"one\n", "two\n"}));
 #ifdef _WIN32
   EXPECT_BYTES(ReadFile("file.txt"), "one\r\ntwo\r\n");
 #endif
@@ -112,17 +112,17 @@ TEST_F(ModifyTest, EmptyingEveryLineLeavesAnEmptyFile) {
 TEST_F(ModifyTest, EmptyFileStaysEmptyWithoutACall) {
   WriteFile("file.txt", "");
   EXPECT_EQ(ZeFilModify("file.txt", 0, Record), ZE_OK);
-  EXPECT_TRUE(lines.empty());
+  EXPECT_TRUE(linesSeen.empty());
   EXPECT_BYTES(Text(), "");
 }
 
 TEST_F(ModifyTest, LongLinesComeInPiecesOf2047Characters) {
   WriteFile("file.txt", std::string(5000, 'x') + "\n");
   EXPECT_EQ(ZeFilModify("file.txt", 0, Record), ZE_OK);
-  ASSERT_EQ(lines.size(), 3U);
-  EXPECT_EQ(lines[0].size(), 2047U);
-  EXPECT_EQ(lines[1].size(), 2047U);
-  EXPECT_EQ(lines[2].size(), 907U);
+  ASSERT_EQ(linesSeen.size(), 3U);
+  EXPECT_EQ(linesSeen[0].size(), 2047U);
+  EXPECT_EQ(linesSeen[1].size(), 2047U);
+  EXPECT_EQ(linesSeen[2].size(), 907U);
   EXPECT_BYTES(Text(), std::string(5000, 'x') + "\n");
 }
 

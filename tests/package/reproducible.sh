@@ -16,8 +16,10 @@ fail() {
 second=$work/another-place/deeper
 mkdir -p "$second/sources"
 cp -R "$source/CMakeLists.txt" "$source/cmake" "$source/include" "$source/src" "$second/sources"
-cmake -S "$second/sources" -B "$second/build" -G Ninja -DCMAKE_BUILD_TYPE=Release -DCMAKE_UNITY_BUILD=ON \
-  -DZEAPI_TOOLS=OFF \
+# What the first build was told that the bytes depend on.
+cache=$first/CMakeCache.txt
+mapfile -t told < <(sed -nE 's/^((CMAKE_BUILD_TYPE|CMAKE_UNITY_BUILD[A-Z_]*|ZEAPI_SUPPORT_SITE):.*)/-D\1/p' "$cache")
+cmake -S "$second/sources" -B "$second/build" -G Ninja "${told[@]}" -DZEAPI_TOOLS=OFF \
   -DCMAKE_TOOLCHAIN_FILE="$second/sources/cmake/$toolchain" >"$work/log" 2>&1 || fail
 cmake --build "$second/build" --target zeapi_shared >>"$work/log" 2>&1 || fail
 

@@ -19,6 +19,7 @@ inline std::string BigEndian(std::int64_t value, int width) {
   return bytes;
 }
 
+inline std::string Byte(std::uint32_t value) { return LittleEndian(value, 1); }
 inline std::string Le16(std::uint32_t value) { return LittleEndian(value, 2); }
 inline std::string Le32(std::uint32_t value) { return LittleEndian(value, 4); }
 inline std::string Be16(std::uint32_t value) { return BigEndian(value, 2); }

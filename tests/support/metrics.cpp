@@ -3,12 +3,6 @@
 #include "support/byte_order.h"
 
 namespace zeapi::testing {
-namespace {
-
-std::string Byte(unsigned value) { return std::string(1, static_cast<char>(value)); }
-
-}  // namespace
-
 std::string PostScriptPfm::File() const {
   const auto at = [](const std::string& bytes) {
     return Le32(static_cast<std::uint32_t>(bytes.size()));

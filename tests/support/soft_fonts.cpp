@@ -5,8 +5,6 @@
 namespace zeapi::testing {
 namespace {
 
-std::string Byte(unsigned value) { return std::string(1, static_cast<char>(value)); }
-
 std::string Zeros(std::size_t count) { return std::string(count, '\0'); }
 
 // The byte that makes the sum of all 0.

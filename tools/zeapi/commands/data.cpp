@@ -186,14 +186,14 @@ Report ListFiles(const DataOptions& options) {
   return report;
 }
 
-struct Query {
+struct DataQuery {
   const char* name;
   Report (*run)(const DataOptions&);
   const char* purpose;
   const char* fields;
 };
 
-constexpr Query kQueries[] = {
+constexpr DataQuery kDataQueries[] = {
     {"list", ListRecords, "List the records of a data file", "JSON: \"records\"."},
     {"find", FindRecord, "Show the first record whose key begins with KEY",
      "JSON: \"records\", one. A key that is not there gives exit code 41."},
@@ -209,7 +209,7 @@ void AddData(CLI::App& program, Session& session) {
   CLI::App* family = program.add_subcommand("data", "Read keyed printer data files");
   family->require_subcommand(1);
   auto options = std::make_shared<DataOptions>();
-  for (const Query& query : kQueries) {
+  for (const DataQuery& query : kDataQueries) {
     CLI::App* command = session.AddCommand(*family, query.name, query.purpose, query.fields);
     command->add_option("path", options->path, "Data file, or directory of files")
         ->required()

@@ -114,7 +114,7 @@ void FileName(void*, const PanelOptions& options, Report* report) {
   report->fields["file"] = name;
 }
 
-struct Query {
+struct PanelQuery {
   const char* name;
   const char* item;  // what is asked for; null for nothing
   void (*run)(void*, const PanelOptions&, Report*);
@@ -122,7 +122,7 @@ struct Query {
   const char* fields;
 };
 
-constexpr Query kQueries[] = {
+constexpr PanelQuery kPanelQueries[] = {
     {"file", nullptr, FileName, "Show the name of a panel's file", "JSON: \"file\"."},
     {"spin", "CONTROL", Spin, "Show the limits of a spin control",
      "JSON: \"minimum\", \"maximum\", \"third\"."},
@@ -137,7 +137,7 @@ constexpr Query kQueries[] = {
      "JSON: \"variables\", in hexadecimal. A page that is missing gives exit code 41."},
 };
 
-void Run(const Query& query, const PanelOptions& options, Session& session) {
+void Run(const PanelQuery& query, const PanelOptions& options, Session& session) {
   Report report;
   report.command = std::string("panel ") + query.name;
   report.cannot = "read panel " + std::to_string(options.panel);
@@ -163,7 +163,7 @@ void AddPanel(CLI::App& program, Session& session) {
   CLI::App* family = program.add_subcommand("panel", "Read panel configuration files (opcNNN.cfg)");
   family->require_subcommand(1);
   auto options = std::make_shared<PanelOptions>();
-  for (const Query& query : kQueries) {
+  for (const PanelQuery& query : kPanelQueries) {
     CLI::App* command = session.AddCommand(*family, query.name, query.purpose, query.fields);
     command->add_option("panel", options->panel, "Panel identifier")
         ->required()
