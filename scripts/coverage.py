@@ -19,6 +19,14 @@ def output_of(*command):
     return subprocess.run(command, stdout=subprocess.PIPE, check=True, text=True).stdout
 
 
+def check_that_none_is_lost(build):
+    log = build / "Testing" / "Temporary" / "LastTest.log"
+    if log.exists():
+        for line in log.read_text(encoding="utf-8", errors="replace").splitlines():
+            if line.startswith("LLVM Profile Error"):
+                sys.exit(f"A program's counts are lost, give it a file of its own: {line}")
+
+
 def counts(build):
     """How often each line and each branch of the library was taken: {(file, line, kind, which): times}.
 
@@ -44,6 +52,7 @@ def counts(build):
 
 def main(build, *goals):
     build = pathlib.Path(build)
+    check_that_none_is_lost(build)
     times = counts(build)
     left = sorted({key[:3] for key, count in times.items() if count == 0})
     (build / "coverage.txt").write_text(
