@@ -17,8 +17,6 @@ LANGUAGES = [["gcc", "-x", "c", "-std=c99", "-Wstrict-prototypes"],
              ["gcc", "-x", "c", "-std=c11", "-Wstrict-prototypes"],
              ["g++", "-x", "c++", "-std=c++11"]]
 USUAL = ["-x", "c++", "-std=c++20"]
-# Compiles the headers that include <windows.h>.
-WINDOWS = "i686-w64-mingw32-g++-posix"
 
 
 def include_flags(root, build):
@@ -36,7 +34,7 @@ def include_flags(root, build):
 def compilers(root, path):
     """The compilers for one header; none where the one that it needs is not there."""
     if any(name == "windows.h" for _, _, name in house.includes(root, path)):
-        return [[WINDOWS] + USUAL] if shutil.which(WINDOWS) else []
+        return [[house.WINDOWS_COMPILER] + USUAL] if shutil.which(house.WINDOWS_COMPILER) else []
     if str(path) == PUBLIC:
         return [["g++"] + USUAL] + LANGUAGES
     return [["g++"] + USUAL]

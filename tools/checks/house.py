@@ -16,6 +16,8 @@ import sys
 FOLDERS = ("include", "src", "tools", "tests", "fuzz", "bench")
 HEADERS = (".h",)
 SOURCES = (".c", ".cpp")
+# Compiles what includes <windows.h>.
+WINDOWS_COMPILER = "i686-w64-mingw32-g++-posix"
 
 
 def files(root, folders=FOLDERS, suffixes=HEADERS + SOURCES):

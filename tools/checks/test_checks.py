@@ -11,6 +11,7 @@ import documents
 import file_length
 import formatted
 import headers_alone
+import house
 import layers
 import listed_in_cmake
 import own_header_first
@@ -222,6 +223,12 @@ class Checks(unittest.TestCase):
         output = self.tidy_output("int First(const int* values) {\n"
                                   "  return values == nullptr ? *values : values[0];\n}\n")
         self.assertIn("clang-analyzer-core.NullDereference", output)
+
+    @unittest.skipUnless(shutil.which(house.WINDOWS_COMPILER), "no MinGW")
+    def test_tidy_looks_at_what_is_for_windows_alone(self):
+        self.write("src/platform/win32/a.cpp", "#include <windows.h>\n#include <string>\n"
+                                               "DWORD count_lines() { return 1; }\n")
+        self.assertIn("function 'count_lines'", self.tidy_output("int Count();\n"))
 
     def test_cppcheck_looks_for_bugs(self):
         self.write("include/zeapi.h", "")

@@ -2,12 +2,9 @@
 
 #include <windows.h>
 
+#include "platform/win32/file_handle.h"
+
 namespace zeapi::platform {
-namespace {
-
-HANDLE ToHandle(FileHandle file) { return reinterpret_cast<HANDLE>(static_cast<INT_PTR>(file)); }
-
-}  // namespace
 
 FileHandle HandleOpen(const char* path, FileAccess access) {
   return _lopen(path, static_cast<int>(access) | OF_SHARE_DENY_NONE);

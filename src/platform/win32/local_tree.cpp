@@ -2,15 +2,10 @@
 
 #include <windows.h>
 
+#include "platform/win32/file_handle.h"
+
 namespace zeapi::platform {
 namespace {
-
-HANDLE ToHandle(FileHandle file) { return reinterpret_cast<HANDLE>(static_cast<INT_PTR>(file)); }
-
-// The low half is the whole of it, in programs of 64 bits too.
-FileHandle FromHandle(HANDLE handle) {
-  return static_cast<FileHandle>(reinterpret_cast<INT_PTR>(handle));
-}
 
 // The entry itself where it is a junction or a link.
 HANDLE OpenEntry(const std::string& path, DWORD access, DWORD share, DWORD creation, DWORD flags) {
