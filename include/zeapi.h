@@ -1612,7 +1612,7 @@ ZEAPI_EXPORT char* ZEAPI_CALL ZeStrCpyPath(char* destination, const char* path) 
  *                  call, be it that its header, its name, its folder or its file is of no use, or that its
  *                  data is damaged; that member is not told, and its result alone is the call's (ZE_OK
  *                  for a wrong CRC), whatever came before it. Without it only a full disk ends the call,
- *                  and members that lie over each other.
+ *                  and members that lie over each other until 8192 times the archive has come out.
  * @return ZE_OK, also with warnings (members passed over, a CRC that does not match, something before
  *         the archive, nothing in it); ZE_INVALID_ARGUMENT; ZE_FILE_NOT_FOUND (no archive, one of several
  *         disks, or no member that matches the pattern in a directory that was read to its end);

@@ -33,7 +33,7 @@ class ArchivePass {
   const char* pattern_;
   ZeZipProgress progress_;
   ArchiveStatus status_ = kArchiveOk;
-  std::int64_t extracted_ = 0;  // bytes of the archive that members have taken
+  std::int64_t moved_ = 0;  // bytes read of members and written to their files
   std::vector<ArchiveMember> batch_;
 };
 

@@ -29,10 +29,8 @@ Extracted MemberExtractor::Extract(const ArchiveMember& member) {
   Extracted extracted;
   MemberFacts facts;
   std::string stored;
-  extracted.end = member.position;
   extracted.status = ReadLocalHeader(member, &facts, &stored);
   if (extracted.status != kArchiveOk) return extracted;
-  extracted.end = file_.position();
   const LocalName local = MakeLocal(MapMemberName(stored));
   extracted.renamed = local.dropped;
   if (!local.usable || !tree_.Enter(local.folder)) {
@@ -42,16 +40,19 @@ Extracted MemberExtractor::Extract(const ArchiveMember& member) {
   if (local.file.empty()) return extracted;
   extracted.isFile = true;
   extracted.name = local.folder + local.file;
-  extracted.status = Write(facts, local.file);
-  extracted.end = file_.position();
+  extracted.status = Write(facts, local.file, &extracted);
   return extracted;
 }
 
-ArchiveStatus MemberExtractor::Write(const MemberFacts& facts, const std::string& name) {
+ArchiveStatus MemberExtractor::Write(const MemberFacts& facts, const std::string& name,
+                                     Extracted* extracted) {
   const platform::FileHandle file = tree_.Create(name);
   if (file == platform::kNoFileHandle) return kArchiveCannotCreate;
   MemberOutput output(file);
+  const std::int64_t start = file_.position();
   const ArchiveStatus status = Decode(facts, output);
+  extracted->read = file_.position() - start;
+  extracted->written = output.size();
   if (!output.Close()) return kArchiveDiskFull;
   // A member whose date is none keeps that of its extraction.
   tree_.SetLastWrite(name, facts.date, facts.time);

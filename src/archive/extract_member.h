@@ -34,9 +34,10 @@ struct ArchiveMember {
 
 struct Extracted {
   ArchiveStatus status = kArchiveOk;
-  std::int64_t end = 0;  // behind what was read of the archive
-  bool isFile = false;   // the member got as far as a file, which `name` is
-  bool renamed = false;  // its name would have left the current directory
+  std::int64_t read = 0;     // bytes of packed data, a block ahead perhaps
+  std::int64_t written = 0;  // and what became of them
+  bool isFile = false;       // the member got as far as a file, which `name` is
+  bool renamed = false;      // its name would have left the current directory
   std::string name;
 };
 
@@ -50,7 +51,7 @@ class MemberExtractor {
 
  private:
   ArchiveStatus ReadLocalHeader(const ArchiveMember& member, MemberFacts* facts, std::string* name);
-  ArchiveStatus Write(const MemberFacts& facts, const std::string& name);
+  ArchiveStatus Write(const MemberFacts& facts, const std::string& name, Extracted* extracted);
   ArchiveStatus Decode(const MemberFacts& facts, BlockSink& sink);
 
   ArchiveFile& file_;

@@ -9,6 +9,7 @@ MemberOutput::~MemberOutput() {
 bool MemberOutput::Write(std::span<const std::uint8_t> bytes) {
   const auto size = static_cast<std::uint32_t>(bytes.size());
   crc_.Update(bytes);
+  size_ += size;
   ok_ = ok_ && platform::HandleWrite(file_, bytes.data(), size) == static_cast<std::int32_t>(size);
   return ok_;
 }

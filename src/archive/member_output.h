@@ -20,10 +20,13 @@ class MemberOutput : public BlockSink {
   bool Close();
 
   std::uint32_t crc() const { return crc_.Value(); }
+  // Bytes that it was given.
+  std::int64_t size() const { return size_; }
 
  private:
   platform::FileHandle file_;
   Crc32 crc_;
+  std::int64_t size_ = 0;
   bool ok_ = true;
 };
 
