@@ -253,6 +253,7 @@ TEST_F(PlatformFilesTest, SearchFindsWhatThePatternMatches) {
   EXPECT_EQ(Found("*.missing"), Names{});
   EXPECT_EQ(Found("missing"), Names{});
   EXPECT_EQ(Found("missing\\*"), Names{});
+  EXPECT_EQ(Found("dir.txt\\"), Names{});
   EXPECT_EQ(Found(""), Names{});
 }
 

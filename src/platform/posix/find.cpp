@@ -52,6 +52,7 @@ DirectorySearch::DirectorySearch(const char* pattern) : state_(std::make_unique<
   if (!ToHostPath(pattern, &host)) return;
   const char* slash = std::strrchr(host.text, '/');
   const char* name = slash == nullptr ? host.text : slash + 1;
+  if (*name == '\0') return;  // the name of a folder does not end in a separator
   state_->folder.assign(static_cast<const char*>(host.text), name);
   if (!HasWildcard(name)) {
     state_->names.emplace_back(name);

@@ -35,23 +35,26 @@ bool WriteDrive(char letter, HostPath* host) {
   return true;
 }
 
-// Takes the ".." out that would lead above the folder in which these components begin: the root of a
-// drive is its own parent.
-void StayBelow(char* components) {
-  std::size_t depth = 0;
+// Resolves "." and ".." as Windows does: by the text alone, and the root of a drive is its own parent.
+void ResolveDots(char* components) {
   char* to = components;
+  bool endsInDots = false;
   for (const char* from = components; *from != '\0';) {
     const std::size_t length = std::strcspn(from, "/");
     const std::string_view name(from, length);
-    const bool up = name == "..";
-    if (!up || depth > 0) {
-      to = std::copy_n(from, length, to);
-      if (from[length] == '/') *to++ = '/';
-      if (up) --depth;
-      if (!up && !name.empty() && name != ".") ++depth;
+    const bool parted = from[length] == '/';
+    if (name == "..") {
+      if (to != components) --to;  // the separator
+      while (to != components && to[-1] != '/') --to;
+    } else if (!name.empty() && name != ".") {
+      std::memmove(to, from, length);
+      to += length;
+      if (parted) *to++ = '/';
     }
-    from += length + (from[length] == '/' ? 1 : 0);
+    endsInDots = !parted && (name == "." || name == "..");
+    from += length + (parted ? 1 : 0);
   }
+  if (endsInDots && to != components) --to;
   *to = '\0';
 }
 
@@ -106,7 +109,7 @@ bool ToHostPathAsWritten(const char* path, HostPath* host) {
   const std::size_t length = std::strlen(path);
   if (length >= sizeof(host->text) - host->rest) return false;
   std::replace_copy(path, path + length + 1, host->text + host->rest, '\\', '/');
-  if (host->rest != 0) StayBelow(host->text + host->rest);
+  if (host->rest != 0) ResolveDots(host->text + host->rest);
   return true;
 }
 
