@@ -20,8 +20,9 @@ constexpr const char* kPurpose =
 constexpr const char* kExitCodes =
     "Exit codes: 0 success, 1 to 63 the library's result code (its words are on standard error),\n"
     "64 the command line is not understood, 70 anything else.\n"
-    "With --json each command prints one object with \"command\", \"result\" and \"meaning\" and\n"
-    "the fields that its own --help names. Each command has --help.";
+    "With --json each command prints an object with \"command\", \"result\" and \"meaning\" and\n"
+    "the fields that its own --help names; job prints an array, archive extract a line for each\n"
+    "file before the object. Each command has --help.";
 
 std::string Version() {
   return "zeapi " + std::to_string(ZE_API_VERSION / 100) + "." +

@@ -53,15 +53,20 @@ class Archive(program_case.ProgramCase):
 
     def test_wrong_checksum_in_the_middle_is_a_failure(self):
         self.damaged_archive()
-        for pattern, files in (("", "1 file of 3"), ("t*", "0 files of 2")):
+        for pattern, what in (("", "a behind 1 file of 3"), ("t*", "t* from a behind 0 files of 2")):
             done = self.run_program("archive", "extract", "a", pattern, exit_code=43)
             self.assertEqual(done.stdout, "")
-            self.assertIn("zeapi: cannot extract a behind " + files + ": the file is damaged", done.stderr)
+            self.assertIn("zeapi: cannot extract " + what + ": the file is damaged", done.stderr)
         self.assertEqual(self.read("one"), b"1")
         self.assertFalse(os.path.exists(os.path.join(self.folder, "three")))
         end = self.answer("archive", "extract", "a.zip", "t*", exit_code=43)
         self.assertEqual((end["event"], end["result"], end["files"]), ("end", 43, 0))
         self.run_program("archive", "extract", "a.zip", "*e")
+
+    def test_pattern_without_a_match_is_named(self):
+        self.archive("a.zip", {"one": b"1"})
+        done = self.run_program("archive", "extract", "a", "x*", exit_code=2)
+        self.assertIn("zeapi: cannot extract x* from a: ", done.stderr)
 
     def test_member_named_like_the_archive_is_not_taken_for_it(self):
         self.archive("inner.zip", {str(number): b"x" for number in range(5)})

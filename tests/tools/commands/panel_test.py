@@ -40,6 +40,9 @@ class Panel(program_case.ProgramCase):
                 {"control": 27, "default": None},
             ],
         )
+        self.assertEqual(
+            self.run_program("panel", "defaults", "9", "1", *where).stdout, "0 0\n65535 -1\n27 none\n"
+        )
         self.assertEqual(self.answer("panel", "defaults", "9", "2", *where)["defaults"], [])
         self.run_program("panel", "texts", "7", "26", *where, exit_code=41)
         self.run_program("panel", "spin", "8", "26", *where, exit_code=3)

@@ -67,7 +67,8 @@ Report Extract(const ExtractOptions& options, Session& session) {
     session.Err() << '\n';
   }
   report.done = "Extracted " + Files(extraction.files) + " from " + options.archive + ".";
-  report.cannot = "extract " + options.archive;
+  report.cannot =
+      "extract " + (options.pattern.empty() ? "" : options.pattern + " from ") + options.archive;
   if (endedEarly)
     report.cannot += " behind " + Files(extraction.files) + " of " + std::to_string(expected);
   report.fields = {{"event", "end"},
@@ -98,7 +99,7 @@ void AddArchive(CLI::App& program, Session& session) {
       ->type_name("ARCHIVE");
   command->add_option("pattern", options->pattern, "Which members; all by default")
       ->type_name("PATTERN");
-  command->add_flag("--quiet", options->quiet, "Show no progress");
+  command->add_flag("--quiet", options->quiet, "Show no progress on standard error");
   command->callback([options, &session] { session.Finish(Extract(*options, session)); });
 }
 

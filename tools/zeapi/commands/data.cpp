@@ -110,6 +110,7 @@ Report ListRecords(const DataOptions& options) {
 
 Report FindRecord(const DataOptions& options) {
   Report report = Reading(options);
+  report.cannot = "find " + options.key + " in " + options.path;
   ForEachRecord(options, &report, [&](const ZeDatRecord& record) {
     Add(record, &report);
     return false;
@@ -194,9 +195,10 @@ struct DataQuery {
 };
 
 constexpr DataQuery kDataQueries[] = {
-    {"list", ListRecords, "List the records of a data file", "JSON: \"records\"."},
+    {"list", ListRecords, "List the records of a data file",
+     "JSON: \"records\", each with \"key\", \"description\" and the other fields of the record."},
     {"find", FindRecord, "Show the first record whose key begins with KEY",
-     "JSON: \"records\", one. A key that is not there gives exit code 41."},
+     "JSON: \"records\", one, as list has them. A key that is not there gives exit code 41."},
     {"count", CountRecords, "Count records by the letters of their keys, or those of one key",
      "JSON: \"first\" and \"second\" by letter, or \"count\" with a key."},
     {"files", ListFiles, "List the files of a directory that have a description",
@@ -211,7 +213,7 @@ void AddData(CLI::App& program, Session& session) {
   auto options = std::make_shared<DataOptions>();
   for (const DataQuery& query : kDataQueries) {
     CLI::App* command = session.AddCommand(*family, query.name, query.purpose, query.fields);
-    command->add_option("path", options->path, "Data file, or directory of files")
+    command->add_option("path", options->path, query.run == ListFiles ? "Directory" : "Data file")
         ->required()
         ->type_name("PATH");
     if (query.run == FindRecord || query.run == CountRecords) {

@@ -82,14 +82,17 @@ void Defaults(void* panel, const PanelOptions& options, Report* report) {
     if (std::memcmp(&records[at], &others[at], sizeof(control)) != 0) break;
     std::memcpy(&control, &records[at], sizeof(control));
     Json item = {{"control", control}, {"default", nullptr}};
+    std::string shown = "none";
     if (std::memcmp(&records[at], &others[at], kRecord) == 0) {
       std::int32_t setting = 0;
       std::memcpy(&setting, &records[at + sizeof(control)], sizeof(setting));
       item["default"] = setting;
+      shown = std::to_string(setting);
     }
+    report->done += (items.empty() ? "" : "\n") + std::to_string(control) + " " + shown;
     items.push_back(item);
   }
-  Finish(items, "defaults", report);
+  report->fields["defaults"] = items;
 }
 
 void Variables(void* panel, const PanelOptions& options, Report* report) {

@@ -88,9 +88,8 @@ void AddPclXl(CLI::App& program, Session& session) {
       *family, "list", "List a PCL XL job, one operator or attribute a line",
       "The listing ends where a job could not be stored as a stream: a second page, say. A "
       "session\n"
-      "without a page and \"@PJL\" within data are listed, but not stored: \"zeapi macro check\" "
-      "with\n"
-      "--fixup tells.\n"
+      "without a page and \"@PJL\" within data are listed, but not stored:\n"
+      "\"zeapi macro check --language pclxl --fixup\" tells.\n"
       "JSON: \"file\", \"operators\" (how many were met), \"header\" and \"code\" (0, or what the "
       "reader\nof the library says about the header line and the session), \"meaning\".");
   command->add_option("file", *file, "File that holds the job")->required()->type_name("FILE");

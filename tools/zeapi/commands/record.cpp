@@ -173,11 +173,13 @@ void AddRecord(CLI::App& program, Session& session) {
       program.add_subcommand("record", "Show what printers report about options and jobs");
   family->require_subcommand(1);
   AddRecordCommand(*family, session, "options", "Show an option record",
+                   "A file that is shorter than its first two bytes say gives exit code 27.\n"
                    "Numbers before a colon are the record's element identifiers.\n"
                    "JSON: \"path\", \"items\" [{\"value1\", \"value5\", \"text6\"}], \"groups\" "
                    "[{\"text1\", \"text2\", \"values\"}].",
                    ReportOptions);
   AddRecordCommand(*family, session, "account", "Show a job accounting record",
+                   "A file that is shorter than its first two bytes say gives exit code 27.\n"
                    "JSON: \"path\", \"job\" and \"totals\", each null or an object with the fields "
                    "of the library's record.",
                    ReportAccount);

@@ -46,11 +46,11 @@ void SendString(const StringOptions& options, Session& session) {
 
 void AddString(CLI::App& program, Session& session) {
   auto options = std::make_shared<StringOptions>();
-  CLI::App* command =
-      session.AddCommand(program, "string", "Send a short string to a printer",
-                         "TEXT is sent as it is typed unless one of --hex, --escaped, --raw says "
-                         "otherwise.\nWrite \"--\" before a TEXT that begins with \"-\".\n"
-                         "JSON: \"printer\", \"text\" (as it was handed to the library).");
+  CLI::App* command = session.AddCommand(
+      program, "string", "Send a short string to a printer",
+      "TEXT is sent as it is typed unless one of --hex, --escaped, --raw says "
+      "otherwise.\nBefore a TEXT that begins with \"-\" come the options and then \"--\".\n"
+      "JSON: \"printer\", \"text\" (as it was handed to the library).");
   command->add_option("text", options->text, "String to send")->required()->type_name("TEXT");
   CLI::Option* hex =
       command->add_flag("--hex", options->hex, "TEXT is pairs of hexadecimal digits: \"1B 45\"");
