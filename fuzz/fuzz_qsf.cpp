@@ -101,11 +101,11 @@ std::string Variables(const std::string& bytes, std::uint32_t list, std::uint32_
   ini.Load(TextOf(bytes), true);
   const std::string word = std::array{"REQUIRED", "OPTIONAL", "EXCLUDE", "ORDER"}.at(list - 1);
   std::string section = std::to_string(1000 + model % 256).substr(1) + word;
-  if (ini.Read2(section, "NUMVARS") == "<45>") section = "DEFAULT" + word;
-  const long entries = std::strtol(ini.Read2(section, "NUMENTRIES").c_str(), nullptr, 10);
+  if (ini.Read2(section, "NUMVARS").code == ZE_SECTION_NOT_FOUND) section = "DEFAULT" + word;
+  const long entries = std::strtol(ini.Read2(section, "NUMENTRIES").value.c_str(), nullptr, 10);
   std::string variables;
   for (long entry = 1; entry <= entries; ++entry) {
-    std::string value = ini.Read2(section, "OMVARS" + std::to_string(entry)) + " ";
+    std::string value = ini.Read2(section, "OMVARS" + std::to_string(entry)).value + " ";
     std::string digits;
     for (std::size_t at = 0; at < value.size(); ++at) {
       if (std::isxdigit(static_cast<unsigned char>(value[at])) != 0) digits += value[at];

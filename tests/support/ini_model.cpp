@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <sstream>
 
+#include "zeapi.h"
+
 namespace zeapi::testing {
 namespace {
 
@@ -42,11 +44,12 @@ void IniModel::Load(std::string_view text, bool filtered) {
   }
 }
 
-std::string IniModel::Read2(const std::string& section, const std::string& key) const {
+IniModel::Answer IniModel::Read2(const std::string& section, const std::string& key) const {
   const std::size_t header = Header(section);
-  if (header == kNone) return "<45>";
+  if (header == kNone) return {ZE_SECTION_NOT_FOUND, ""};
   const std::size_t found = FindKey(header + 1, key);
-  return found == kNone ? "<41>" : lines[found].substr(lines[found].find('=') + 1);
+  if (found == kNone) return {ZE_KEY_NOT_FOUND, ""};
+  return {ZE_OK, lines[found].substr(lines[found].find('=') + 1)};
 }
 
 std::string IniModel::Read(const std::string* section, const std::string* key) {

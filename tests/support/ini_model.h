@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -13,8 +14,11 @@ class IniModel {
   // Takes the lines of a text as loading does; `filtered`: without comments and empty lines.
   void Load(std::string_view text, bool filtered);
 
-  // A value, or the result code in angle brackets.
-  std::string Read2(const std::string& section, const std::string& key) const;
+  struct Answer {
+    std::uint32_t code;
+    std::string value;  // empty where there is none
+  };
+  Answer Read2(const std::string& section, const std::string& key) const;
 
   // Section and key may be null, as for the call.
   std::string Read(const std::string* section, const std::string* key);

@@ -41,17 +41,18 @@ void ResolveDots(char* components) {
   bool endsInDots = false;
   for (const char* from = components; *from != '\0';) {
     const std::size_t length = std::strcspn(from, "/");
-    const std::string_view name(from, length);
     const bool parted = from[length] == '/';
-    if (name == "..") {
+    const bool here = length == 0 || std::string_view(from, length) == ".";
+    const bool up = std::string_view(from, length) == "..";
+    if (up) {
       if (to != components) --to;  // the separator
       while (to != components && to[-1] != '/') --to;
-    } else if (!name.empty() && name != ".") {
+    } else if (!here) {
       std::memmove(to, from, length);
       to += length;
       if (parted) *to++ = '/';
     }
-    endsInDots = !parted && (name == "." || name == "..");
+    endsInDots = (here || up) && !parted;
     from += length + (parted ? 1 : 0);
   }
   if (endsInDots && to != components) --to;

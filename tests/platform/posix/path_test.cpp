@@ -49,6 +49,8 @@ TEST_F(PathTest, DotsOnADriveAreResolvedByTheTextAlone) {
   EXPECT_EQ(Mapped("c:\\a\\b\\..\\"), Drive("c/a/"));
   EXPECT_EQ(Mapped("c:\\a\\."), Drive("c/a"));
   EXPECT_EQ(Mapped("c:\\..."), Drive("c/..."));
+  EXPECT_EQ(Mapped("c:\\a."), Drive("c/a."));
+  EXPECT_EQ(Mapped("c:\\.\\b.."), Drive("c/b.."));
   EXPECT_EQ(Mapped("c:\\a..\\..b\\"), Drive("c/a../..b/"));
   EXPECT_EQ(Mapped("..\\x"), "../x") << "no drive: the host resolves it";
 }
