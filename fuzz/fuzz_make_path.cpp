@@ -1,7 +1,6 @@
 // Creating chains of directories on a drive, compared with a drive that is only thought.
 //
-// Input: the path. One that climbs above the root of its drive is not tried, and the server of a
-// server path gets a name that no folder of this machine has.
+// Input: the path. The server of a server path gets a name that no folder of this machine has.
 
 #include <algorithm>
 #include <filesystem>
@@ -42,18 +41,6 @@ std::vector<std::string> Components(std::string_view rest) {
   return components;
 }
 
-bool ClimbsAboveRoot(const std::vector<std::string>& components) {
-  int depth = 0;
-  for (const std::string& component : components) {
-    if (component == "..")
-      --depth;
-    else if (component != ".")
-      ++depth;
-    if (depth < 0) return true;
-  }
-  return false;
-}
-
 bool HasDrive(std::string_view path) { return path.size() >= 2 && path[1] == ':'; }
 
 bool IsServerPath(std::string_view path) { return path.substr(0, 2) == "\\\\"; }
@@ -73,7 +60,7 @@ class ThoughtDrive {
     for (const std::string& component : components) {
       if (component == ".") continue;
       if (component == "..") {
-        at.pop_back();
+        if (!at.empty()) at.pop_back();  // the root is its own parent
         continue;
       }
       at.push_back(Lower(component));
@@ -132,7 +119,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   if (!HasDrive(path) && IsServerPath(path)) path.replace(0, 2, kNoServer);
   const std::string_view rest = HasDrive(path) ? std::string_view(path).substr(2) : path;
   const std::vector<std::string> components = Components(rest);
-  if (HasDrive(path) && ClimbsAboveRoot(components)) return 0;
 
   ThoughtDrive::Build(root);
   ThoughtDrive thought;

@@ -102,7 +102,9 @@ bool SameFile(const char* a, const char* b) {
 
 bool MakeDirectory(const char* path) {
   HostPath host;
-  return ToHostPath(path, &host) && mkdir(host.text, 0777) == 0;
+  if (!ToHostPath(path, &host)) return false;
+  const bool isDrive = host.text[host.rest] == '\0';  // one that is not there is not made
+  return !isDrive && mkdir(host.text, 0777) == 0;
 }
 
 bool RemoveFile(const char* path) {

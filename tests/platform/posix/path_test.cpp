@@ -2,6 +2,7 @@
 
 #include <cstdlib>
 
+#include "platform/files.h"
 #include "platform/find.h"
 #include "support/scratch.h"
 
@@ -53,6 +54,14 @@ TEST_F(PathTest, DotsOnADriveAreResolvedByTheTextAlone) {
   EXPECT_EQ(Mapped("c:\\.\\b.."), Drive("c/b.."));
   EXPECT_EQ(Mapped("c:\\a..\\..b\\"), Drive("c/a../..b/"));
   EXPECT_EQ(Mapped("..\\x"), "../x") << "no drive: the host resolves it";
+}
+
+TEST_F(PathTest, DriveThatIsNotThereIsNotMade) {
+  fs::create_directory(Drive(""));
+  for (const char* path : {"y:", "y:\\", "y:\\.", "y:.\\", "y:\\a\\.."}) {
+    EXPECT_FALSE(platform::MakeDirectory(path)) << path;
+    EXPECT_FALSE(fs::exists(Drive("y"))) << path;
+  }
 }
 
 TEST_F(PathTest, WithoutTheVariableNoDriveExists) {
