@@ -834,9 +834,8 @@ ZEAPI_EXPORT void ZEAPI_CALL ZeFonFindFree(ZeFoundFile* first) ZEAPI_NOEXCEPT;
  * A line `[name]` heads a section, a line with a `=` is a key and its value (all that follows the
  * first `=`, taken literally). Trailing blanks of lines and of keys are dropped on loading; tabs and
  * leading blanks are kept. A line comes in pieces of 1019 characters, its line feed included, and each
- * is taken as a line. Section names,
- * keys and values are the same in either case of "a" to "z", whatever the locale. Of several sections
- * or keys of one name the first counts.
+ * is taken as a line. Section names, keys and values are the same in either case of "a" to "z",
+ * whatever the locale. Of several sections or keys of one name the first counts.
  *
  * A handle is used by one thread at a time. A null handle is answered as stated with each call.
  */
@@ -1518,9 +1517,9 @@ ZEAPI_EXPORT uint32_t ZEAPI_CALL ZeFilBackup(const char* source, char* backupNam
 
 /**
  * Rewrites a text file line by line through a callback. What is written back has the line ends of the
- * host: CR LF on Windows, LF elsewhere. Lines longer than 2047 characters come in
- * pieces. An emptied line is dropped. A zero byte ends its line, line feed included, and byte 1A ends
- * the file: what follows is lost. The file is replaced only after every line went well.
+ * host: CR LF on Windows, LF elsewhere. Lines longer than 2047 characters come in pieces. An emptied
+ * line is dropped. A zero byte ends its line, line feed included, and byte 1A ends the file: what
+ * follows is lost. The file is replaced only after every line went well.
  * @param path      the file; nothing but a regular one opens.
  * @param value     handed to the callback.
  * @param callback  is handed each line.
@@ -1591,8 +1590,9 @@ ZEAPI_EXPORT char* ZEAPI_CALL ZeStrCpyPath(char* destination, const char* path) 
  *
  * A member's name becomes a path in this way:
  * - `/` and `\` separate folders, which are made; `:` becomes `_`; `;` ends the name; what stands from
- *   `<` to `>` and from `[` to `]`, or to the end of the name, is left out; character 22 takes the next one as it is; other
- *   characters stay when they are 32 to 126 or 128 to 254. A name that ends in a separator is a folder.
+ *   `<` to `>` and from `[` to `]`, or to the end of the name, is left out; character 22 takes the next
+ *   one as it is; other characters stay when they are 32 to 126 or 128 to 254. A name that ends in a
+ *   separator is a folder.
  * - Then a component `..` and an empty component at the start are dropped (a warning), and so are `.`
  *   and other empty ones. A `:` that character 22 has kept becomes `_`, and a separator that it has
  *   kept separates. Each blank or dot at the end of a component becomes `_`. A component that Windows

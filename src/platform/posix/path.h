@@ -13,8 +13,9 @@ struct HostPath {
 };
 
 // Turns a Windows path into a path of the host. "\" becomes "/"; "x:" becomes "$ZEAPI_DRIVES/x",
-// and without that variable there is no drive; a component that does not exist as written is looked
-// up without regard to case. A path that does not exist is passed on as written, to be created.
+// and without that variable there is no drive; "." and ".." on a drive are resolved by the text; a
+// component that does not exist as written is looked up without regard to case. A path that does not
+// exist is passed on as written, to be created.
 // False when the path is empty, names a drive that does not exist, or is too long.
 bool ToHostPath(const char* path, HostPath* host);
 

@@ -13,7 +13,8 @@ class Data(program_case.ProgramCase):
         self.assertEqual(
             self.run_program("data", "find", "d.cfg", "S").stdout, "SF  Setting (PCL): 1B\n"
         )
-        self.run_program("data", "find", "d.cfg", "X", exit_code=41)
+        missing = self.run_program("data", "find", "d.cfg", "X", exit_code=41)
+        self.assertIn("zeapi: cannot find X in d.cfg: ", missing.stderr)
         self.assertEqual(self.answer("data", "count", "d.cfg", "S")["count"], 2)
         counts = self.answer("data", "count", "d.cfg")
         self.assertEqual((counts["first"]["S"], counts["second"]["SF"]), (2, 1))
